@@ -1,0 +1,3 @@
+#include "editors/editor1.h"
+
+Form Editor1;

@@ -1,0 +1,3 @@
+#include "editors/enemy_data_edit.h"
+
+Form EnemyDataEdit;

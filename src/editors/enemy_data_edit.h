@@ -1,0 +1,5 @@
+#pragma once
+
+#include "platform/forms.h"
+
+extern Form EnemyDataEdit;

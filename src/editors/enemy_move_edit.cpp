@@ -1,0 +1,3 @@
+#include "editors/enemy_move_edit.h"
+
+Form EnemyMoveEdit;

@@ -1,0 +1,37 @@
+// The window system: the one main window, message boxes and modal forms.
+#pragma once
+
+#include <string>
+
+struct Form;
+struct Surface;
+
+struct ScreenSize {
+    int width;
+    int height;
+};
+
+// Thrown where a loop yields when the player quits or closes the window; only main catches it. Nothing is saved on the
+// way.
+struct EndProgram {
+    int status = 0;
+};
+
+// Builds the main window from `MainForm` and shows it. Called once, by Main, after Form_Load. Joysticks that are there
+// have reported when it returns.
+void ShowMainForm();
+
+// Puts the picture of `surface` on the screen now, without taking events, for at least one refresh of the display.
+// Only Crt is ever shown; for a hidden surface nothing happens.
+void ShowNow(const Surface& surface);
+
+// Shows `form` and returns when it is closed. Its handlers run inside. The loop that yielded waits meanwhile.
+void ShowModal(Form& form);
+
+// Closes the form that is shown by ShowModal; for form handlers.
+void CloseModal(Form& form);
+
+// A box with one OK button; returns when it is pressed. Works before the main window exists too.
+void MsgBox(const std::string& text, const std::string& caption);
+
+ScreenSize GetScreenSize();

@@ -1,0 +1,43 @@
+#include "shell/status.h"
+
+#include <cstdint>
+
+#include "platform/text.h"
+#include "shell/game_loop.h"
+#include "shell/main_form.h"
+#include "shell/state.h"
+
+namespace {
+
+constexpr At kStatusPlace = {5, 2};
+constexpr Long kFpsInterval = 250; // ms
+
+// At least `digits` digits, zero-padded; a minus sign stands before them.
+std::string Padded(std::int64_t value, std::size_t digits) {
+    std::string text = std::to_string(value < 0 ? -value : value);
+    if (text.size() < digits) text.insert(0, digits - text.size(), '0');
+    return value < 0 ? "-" + text : text;
+}
+
+// The figure comes from the one frame before the update, not from an average.
+void UpdateFps() {
+    if (game.FpsNext >= game.FpsNow || game.FrameTime <= 0) {
+        game.FpsNow = ClockNow();
+        return;
+    }
+    const auto now = static_cast<std::uint32_t>(ClockNow());
+    game.Fps = 1000 / game.FrameTime;
+    game.FpsNext = static_cast<Long>(now + static_cast<std::uint32_t>(kFpsInterval));
+}
+
+}  // namespace
+
+std::string StatusLine() {
+    return "HISCORE " + Padded(game.HiScore, 6) + "  SCORE " + Padded(game.Score, 6) + "   POWER " +
+           std::to_string(game.ShotMode) + "     FPS " + Padded(game.Fps, 5);
+}
+
+void DrawStatus() {
+    UpdateFps();
+    PrintText(MainForm.Crt, kStatusPlace.x, kStatusPlace.y, StatusLine());
+}

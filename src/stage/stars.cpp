@@ -1,0 +1,35 @@
+#include "stage/stars.h"
+
+#include "platform/surface.h"
+#include "shell/main_form.h"
+#include "shell/random.h"
+#include "shell/state.h"
+
+namespace {
+
+constexpr int kBottomRow = 480; // one row below the drawing area, like column 320: clipped by the surface
+
+void Wrap(StarType& star, int row) {
+    star.Y = static_cast<Integer>(row);
+    star.X = static_cast<Integer>(RndInt(321));
+}
+
+void MoveStar(StarType& star) {
+    if (game.StarReverse == True) {
+        star.Y = static_cast<Integer>(star.Y - star.Speed);
+        if (star.Y < 0) Wrap(star, kBottomRow);
+    } else {
+        star.Y = static_cast<Integer>(star.Y + star.Speed);
+        if (star.Y > kBottomRow) Wrap(star, 0);
+    }
+}
+
+}  // namespace
+
+void MoveStars() {
+    for (int i = 0; i <= game.StarMax; ++i) {
+        StarType& star = game.Star[i];
+        SetPixelV(MainForm.Crt, star.X, star.Y, kWhite);
+        MoveStar(star);
+    }
+}
