@@ -22,6 +22,8 @@ void Deliver(const InputEvent& event) {
 
 void SetEventTap(EventTap tap) { eventTap = tap; }
 
+EventTap GetEventTap() { return eventTap; }
+
 void RunTimers() { RunTimer(MainForm.Bgm_Check, timeGetTime()); }
 
 void DoEvents() {

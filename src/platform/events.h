@@ -16,3 +16,4 @@ void RunTimers();
 // Sees the events of every yield before they take effect and may replace them: recording, replay, pilots. Null: none.
 using EventTap = void (*)(std::vector<InputEvent>& events);
 void SetEventTap(EventTap tap);
+EventTap GetEventTap();

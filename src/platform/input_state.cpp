@@ -63,6 +63,28 @@ void ApplyInput(const InputEvent& event) {
     }
 }
 
+std::vector<HeldKey> HeldKeys() {
+    std::vector<HeldKey> held;
+    for (int code = 0; code < kKeys; ++code) {
+        const KeyState& key = *KeyOf(code);
+        if (key.down || key.pressedSince) held.push_back({code, key.down, key.pressedSince});
+    }
+    return held;
+}
+
+void HoldKey(const HeldKey& held) {
+    if (KeyState* key = KeyOf(held.code)) *key = {held.down, held.pressedSince};
+}
+
+std::vector<InputEvent> JoystickReadings() {
+    std::vector<InputEvent> readings;
+    for (int id = 0; id < kJoysticks; ++id) {
+        const JoystickState& stick = *JoystickOf(id);
+        if (stick.present) readings.push_back({InputEvent::Kind::joystick, id, stick.x, stick.y, stick.buttons});
+    }
+    return readings;
+}
+
 void ResetInputState() {
     keys.fill({});
     joysticks.fill({});

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 struct InputEvent;
 
@@ -49,6 +50,20 @@ std::uint32_t joyGetPosEx(std::uint32_t id, JOYINFOEX* info);
 
 // Takes a key or joystick event; events of other kinds are not meant for here and change nothing.
 void ApplyInput(const InputEvent& event);
+
+// The keys whose state is not zero, and a way to bring such a state about; for recorded games. Neither is a query.
+struct HeldKey {
+    int code;
+    bool down;
+    bool pressedSince;
+
+    bool operator==(const HeldKey&) const = default;
+};
+std::vector<HeldKey> HeldKeys();
+void HoldKey(const HeldKey& key);
+
+// The joysticks that are there, as the events that bring their readings about.
+std::vector<InputEvent> JoystickReadings();
 
 // All keys up and never pressed, no joysticks; for tests and before a replay.
 void ResetInputState();

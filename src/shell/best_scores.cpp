@@ -3,6 +3,7 @@
 #include "host/window.h"
 #include "platform/folder.h"
 #include "shell/main_form.h"
+#include "shell/recording.h"
 #include "stage/byte_order.h"
 
 namespace {
@@ -43,6 +44,7 @@ void LoadBestScores() {
 }
 
 void SaveBestScores() {
+    if (Replay().state != ReplayState::none) return; // a replayed score is nobody's
     if (Long* best = BestScoreInForce()) *best = game.HiScore;
     ByteWriter out;
     for (const Long field : {game.Scores.Easy, game.Scores.Nomal, game.Scores.Hard, game.Scores.ScoreAttack}) {

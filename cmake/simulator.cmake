@@ -1,0 +1,6 @@
+# The simulator and its pilots: the whole game on the scripted host.
+add_library(tarnveil_simulation STATIC tools/simulation.cpp tools/pilot.cpp)
+target_include_directories(tarnveil_simulation PUBLIC tools)
+target_link_libraries(tarnveil_simulation PUBLIC tarnveil_headless)
+add_executable(tarnveil-sim tools/tarnveil_sim.cpp)
+target_link_libraries(tarnveil-sim PRIVATE tarnveil_simulation)

@@ -1,0 +1,112 @@
+// Writing recordings: watches the game and taps its events.
+#include <cstdio>
+#include <optional>
+
+#include "host/files.h"
+#include "platform/events.h"
+#include "shell/game_loop.h"
+#include "shell/main_form.h"
+#include "shell/recording.h"
+
+namespace {
+
+struct Recorder {
+    std::string path;
+    Recording recording;
+    EventTime now;
+    bool running = false;
+    bool done = false;
+};
+std::optional<Recorder> recorder;
+
+Recording HeaderOfGame(std::uint64_t seed) {
+    Recording r;
+    r.seed = seed;
+    r.level = MainForm.MENU101.Checked ? 1 : MainForm.MENU103.Checked ? 5 : 2;
+    r.play = game.DigestMode;
+    r.wait = MainForm.Menu002.Checked;
+    r.invincible = MainForm.Menu003.Checked;
+    r.effects = MainForm.Menu004.Checked;
+    r.bgm = MainForm.Menu006.Checked;
+    r.joystick = game.JoyUse != False;
+    r.joyId = game.JoyId;
+    r.joyCenterX = game.JoyCenterX;
+    r.joyCenterY = game.JoyCenterY;
+    r.hiScore = game.HiScore;
+    r.dataDigest = DataDigest();
+    r.held = HeldKeys();
+    r.sticks = JoystickReadings();
+    return r;
+}
+
+void GameStarted(std::uint64_t seed) {
+    if (recorder->done) return;
+    recorder->recording = HeaderOfGame(seed);
+    // The first frame starts from a background that has been scrolled once already.
+    recorder->recording.scroll = game.ScrollY;
+    recorder->running = true;
+}
+
+void FrameDone() {
+    if (!recorder->running) return;
+    recorder->recording.frames.push_back(DigestFrame(game));
+    ++recorder->now.frame;
+    recorder->now.yield = 0;
+}
+
+// Ends the recording with the frames it has.
+void CutOff() {
+    Recorder& r = *recorder;
+    if (!r.running) return;
+    r.recording.endScore = game.Score;
+    r.recording.endEnergy = game.MyPower;
+    r.running = false;
+    r.done = true;
+}
+
+void GameEnded() {
+    if (recorder->running) recorder->recording.endDigest = DigestState(game);
+    CutOff();
+}
+
+bool OpensEditor(const InputEvent& event) {
+    if (event.kind != InputEvent::Kind::menu) return false;
+    const MenuItem* item = FindMenuItem(event.item);
+    return item && PopupOf(*item) == &MainForm.Menu200;
+}
+
+void Tap(std::vector<InputEvent>& events) {
+    if (!recorder->running) return;
+    for (const InputEvent& event : events) {
+        if (OpensEditor(event)) {
+            LogLine("recording: ended where an editor was opened");
+            return CutOff();
+        }
+        if (!LeavesProgram(event)) recorder->recording.events.push_back({recorder->now, event});
+    }
+    ++recorder->now.yield;
+}
+
+}  // namespace
+
+void StartRecorder(const std::string& path) {
+    recorder.emplace();
+    recorder->path = path;
+    SetEventTap(Tap);
+    gameWatcher = {GameStarted, FrameDone, GameEnded};
+}
+
+std::string FinishRecorder() {
+    if (!recorder) return {};
+    CutOff();
+    const Recorder finished = std::move(*recorder);
+    recorder.reset();
+    SetEventTap(nullptr);
+    gameWatcher = {};
+    if (!finished.done) return {};
+    const std::string text = FormatRecording(finished.recording);
+    std::remove(finished.path.c_str()); // a longer old recording must not leave its tail
+    const std::string reason =
+        WriteFileKeepingTail(finished.path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+    return reason.empty() ? "" : finished.path + ": the recording cannot be written: " + reason;
+}

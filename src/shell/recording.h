@@ -1,0 +1,100 @@
+// Recorded games: a readable text file from which a game can be played again exactly. It holds the seed, the options,
+// a fingerprint of the data tables, every event with its place in time, and a fingerprint of every frame.
+//
+//   tarnveil-recording 1
+//   seed 7
+//   level 2                    1 Easy, 2 Nomal, 5 Hard
+//   play 0                     DigestMode
+//   options Wait=1 Invincible=0 Effects=1 BGM=1 Joystick=0
+//   joystick 0 32767 32767     JoyId, JoyCenterX, JoyCenterY; only with Joystick=1
+//   scroll 120                 ScrollY at the start
+//   hiscore 0                  HiScore at the start
+//   data 0123456789abcdef
+//   held 38 1 0                key, down, pressed since: keys held as the game begins
+//   stick 0 32767 0 1          joystick, x, y, buttons as the game begins
+//   event FRAME YIELD key-down 88
+//   frame FIRST digest digest ...
+//   end frames=1234 score=560 energy=7 digest=0123456789abcdef
+//
+// A digest of 0 in the end line marks a game that was cut off: the program was left, or an editor opened.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/events.h"
+#include "platform/input_state.h"
+#include "shell/digest.h"
+
+// When an event is taken: after so many frames, at the so-manieth yield since then.
+struct EventTime {
+    int frame = 0;
+    int yield = 0;
+
+    auto operator<=>(const EventTime&) const = default;
+};
+
+struct RecordedEvent {
+    EventTime time;
+    InputEvent event;
+
+    bool operator==(const RecordedEvent&) const = default;
+};
+
+struct Recording {
+    std::uint64_t seed = 0;
+    int level = 2;
+    int play = 0;
+    bool wait = true;
+    bool invincible = false;
+    bool effects = true;
+    bool bgm = true;
+    bool joystick = false;
+    int joyId = 0;
+    int joyCenterX = 0;
+    int joyCenterY = 0;
+    int scroll = 0;
+    int hiScore = 0;
+    std::uint64_t dataDigest = 0;
+    std::vector<HeldKey> held;
+    std::vector<InputEvent> sticks;
+    std::vector<RecordedEvent> events;
+    std::vector<FrameDigest> frames; // frames[0] is the first one
+    int endScore = 0;
+    float endEnergy = 0;
+    std::uint64_t endDigest = 0; // 0: cut off
+
+    bool operator==(const Recording&) const = default;
+};
+
+std::string FormatRecording(const Recording& recording);
+
+// Empty when done, else what is wrong, with the line number.
+std::string ParseRecording(std::string_view text, Recording& recording);
+std::string ReadRecording(const std::string& path, Recording& recording);
+
+// Whether the event ends the program: such events are not part of a recording.
+bool LeavesProgram(const InputEvent& event);
+
+// Records the first game from here on into `path`, written when the game or the program ends. Opening an editor ends
+// the recording there: what it changes in the tables is not an event.
+void StartRecorder(const std::string& path);
+
+// Writes what is recorded, if anything is. Empty or a message.
+std::string FinishRecorder();
+
+enum class ReplayState { none, waiting, playing, finished, differs };
+
+struct ReplayResult {
+    ReplayState state = ReplayState::none;
+    int frame = 0;         // frames played; where it differs: the first such frame
+    std::string message{}; // where it differs: the groups and their values
+};
+
+// Sets options, seed and watchers so that the next game plays `recording`: at the title it starts by itself. Only
+// closing the window and quitting get through to the game.
+void StartReplay(const Recording& recording);
+void StopReplay();
+const ReplayResult& Replay();

@@ -1,0 +1,167 @@
+#include "check_stage.h"
+
+#include <algorithm>
+
+#include "platform/rounding.h"
+#include "stage/stage_script.h"
+
+namespace {
+
+constexpr Integer kFirstBoss = 37, kLastBoss = 39, kLastSheetKind = 36;
+constexpr int kLongestPlay = 200'000;  // entries; a table that repeats itself more often than this never ends
+
+class Player {
+  public:
+    Player(std::span<const StageDataType, kStageEntries> table, bool follows)
+        : table_(table.begin(), table.end()), jumped_(follows) {}
+
+    StageFindings Play();
+
+  private:
+    bool PlayEntry();
+    bool Perform(StageDataType& entry);
+    bool Jump(int target);
+    bool Repeat(StageDataType& entry);
+    bool WaitForBoss();
+    bool NextStage();
+    bool Take(const StageDataType& entry);
+    void Spawn(const StageDataType& entry);
+    bool Next();
+    void Find(const std::string& reason);
+    void FindUnreached();
+
+    std::vector<StageDataType> table_;  // repeats count down in it
+    bool jumped_;                       // the next entry is reached by a jump: a command there is passed over
+    int index_ = 0;
+    int takenAtOnce_ = 0;
+    int bosses_ = 0;  // sent in and not yet waited for
+    bool lastBoss_ = false;
+    std::bitset<kStageEntries> reached_;
+    StageFindings result_;
+};
+
+void Player::Find(const std::string& reason) {
+    std::string line = "entry " + std::to_string(index_) + ": " + reason;
+    if (std::ranges::find(result_.lines, line) == result_.lines.end()) result_.lines.push_back(std::move(line));
+}
+
+// To the following entry in a later frame. Always true: the play goes on.
+bool Player::Next() {
+    ++index_;
+    takenAtOnce_ = 0;
+    return true;
+}
+
+bool Player::Jump(int target) {
+    index_ = target;
+    jumped_ = true;
+    return true;
+}
+
+bool Player::Repeat(StageDataType& entry) {
+    if (entry.Y <= 0) {
+        entry.Y = entry.Power;
+        return Next();
+    }
+    entry.Y = entry.Y - 1;
+    const int target = RoundTo<Integer>(entry.X);
+    if (target >= 0 && target < kStageEntries) return Jump(target);
+    Find("repeats from entry " + std::to_string(target) + ", outside 0..512");
+    return Next();
+}
+
+bool Player::WaitForBoss() {
+    if (bosses_ == 0) {
+        Find("waits for a boss before one is sent in");
+    } else {
+        --bosses_;
+    }
+    return Next();
+}
+
+bool Player::NextStage() {
+    if (bosses_ > 0) Find("the stage ends without a wait for its boss");
+    return false;
+}
+
+void Player::Spawn(const StageDataType& entry) {
+    if (entry.No < 0 || entry.No >= kEnemyKinds) {
+        Find("there is no kind " + std::to_string(entry.No));
+        return;
+    }
+    result_.spawned.set(static_cast<std::size_t>(entry.No));
+    if (entry.Power == 0) Find("kind " + std::to_string(entry.No) + " enters with Power 0");
+    if (lastBoss_ && entry.No <= kLastSheetKind) {
+        Find("kind " + std::to_string(entry.No) + " is invisible: the last boss has emptied the enemy sheet");
+    }
+    if (entry.No >= kFirstBoss) ++bosses_;
+    if (entry.No == kLastBoss) lastBoss_ = true;
+}
+
+bool Player::Take(const StageDataType& entry) {
+    if (jumped_ && (entry.No >= kStageClear && entry.No <= kBossWait)) {
+        Find("command " + std::to_string(entry.No) + " is passed over, because a jump leads to it");
+    }
+    jumped_ = false;
+    if (entry.Counter > 0) takenAtOnce_ = 0;
+    if (entry.No < kFirstCommand) Spawn(entry);
+    ++index_;
+    if (++takenAtOnce_ < kStageEntries) return true;
+    --index_;
+    Find("an endless loop: 513 entries in one frame");
+    return false;
+}
+
+bool Player::Perform(StageDataType& entry) {
+    switch (entry.No) {
+        case kStageClear:
+        case kBossEntry:
+            return Next();
+        case kNextStage:
+            return NextStage();
+        case kBossWaitStop:
+        case kBossWait:
+            return WaitForBoss();
+        case kRestart:
+            return Jump(0);
+        case kRepeat:
+            return Repeat(entry);
+        default:
+            return Take(entry);
+    }
+}
+
+// False at the end of the play.
+bool Player::PlayEntry() {
+    if (index_ >= kStageEntries) {
+        --index_;
+        Find("the play runs past the last entry: it never reaches 248");
+        return false;
+    }
+    reached_.set(static_cast<std::size_t>(index_));
+    StageDataType& entry = table_[static_cast<std::size_t>(index_)];
+    return jumped_ ? Take(entry) : Perform(entry);
+}
+
+void Player::FindUnreached() {
+    std::bitset<kStageEntries> unreached;
+    for (std::size_t i = 0; i < kStageEntries; ++i) unreached[i] = !reached_[i] && table_[i] != StageDataType{};
+    if (unreached.any()) result_.lines.push_back("entries " + RangesOf(unreached) + ": never reached");
+}
+
+StageFindings Player::Play() {
+    int played = 0;
+    while (PlayEntry()) {
+        if (++played < kLongestPlay) continue;
+        Find("the play goes round and round: it never reaches 248");
+        break;
+    }
+    FindUnreached();
+    return result_;
+}
+
+}  // namespace
+
+StageFindings CheckStage(std::span<const StageDataType, kStageEntries> table, bool follows) {
+    return Player(table, follows).Play();
+}

@@ -1,0 +1,37 @@
+// One Lua source file, run without any way to the outside: no files but those of its own folder, no clock, no programs.
+// The same source gives the same result on every run.
+#pragma once
+
+#include <string>
+
+struct lua_State;
+
+class LuaScript {
+  public:
+    // `file` is the name of the source inside `folder`.
+    LuaScript(std::string folder, std::string file);
+    LuaScript(const LuaScript&) = delete;
+    LuaScript& operator=(const LuaScript&) = delete;
+    ~LuaScript();
+
+    // Gives the script a global function; `self` is what SelfOf finds.
+    void Define(const char* name, int (*function)(lua_State*), void* self);
+
+    // Empty when the script came to its end, else "FILE:LINE: reason", and "(from FILE:LINE)" when an included file
+    // was at work for the source itself.
+    std::string Run();
+
+  private:
+    static int Include(lua_State* state);
+    static int AddOrigin(lua_State* state);
+    int Load(const std::string& name);  // a Lua status; leaves a function or a message on the stack
+
+    std::string folder_;
+    std::string file_;
+    lua_State* state_ = nullptr;
+    std::size_t memory_ = 0;  // bytes in use
+    friend void* Reallocate(void* self, void* block, std::size_t oldSize, std::size_t newSize);
+};
+
+// The `self` that the running function was defined with.
+void* SelfOf(lua_State* state);

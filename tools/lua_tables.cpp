@@ -1,0 +1,195 @@
+#include "lua_tables.h"
+
+#include <algorithm>
+#include <lua.hpp>
+#include <optional>
+#include <span>
+
+#include "combat/enemy_move.h"
+#include "lua_fields.h"
+#include "lua_script.h"
+#include "stage/stage_script.h"
+
+// The functions that scripts call return their fault instead of raising it: Lua raises errors by longjmp, which passes
+// over destructors. `Guarded` raises it once everything is cleaned up.
+
+namespace {
+
+const Names kStepNames = {{"move", 0}, {"jump", kJump}, {"repeat", kRepeatStep}, {"end", kEndOfEnemy}};
+const Names kCommandNames = {{"clear", kStageClear},     {"next_stage", kNextStage}, {"boss_wait_stop", kBossWaitStop},
+                             {"boss_entry", kBossEntry}, {"boss_wait", kBossWait},   {"pass", 254},
+                             {"restart", kRestart},      {"repeat", kRepeat}};
+
+struct Builder {
+    explicit Builder(Tables& target) : tables(target) {}
+
+    Tables& tables;
+    Names patterns{};
+    Names kinds = kCommandNames;
+    bool patternGiven[kMovePatterns] = {};
+    bool kindGiven[kEnemyKinds] = {};
+    int pattern = -1;  // the one under construction
+    int nextPattern = 0;
+    int nextKind = 0;
+    int nextStep = 0;
+    int stage = 0;
+    int nextEntry = 0;
+    std::string fault;  // of the call that has just failed; lives here so that raising it leaks nothing
+};
+
+using Call = std::string (*)(lua_State*, Builder&);
+
+// Calls one of the functions below. It leaves one result on the stack or tells its fault.
+template <Call call>
+int Guarded(lua_State* state) {
+    auto& builder = *static_cast<Builder*>(SelfOf(state));
+    builder.fault = call(state, builder);
+    if (builder.fault.empty()) return 1;
+    luaL_where(state, 1);
+    lua_pushstring(state, builder.fault.c_str());
+    lua_concat(state, 2);
+    return lua_error(state);
+}
+
+std::string Numbered(std::string what, int number) {
+    return what += std::to_string(number);
+}
+
+std::string Result(lua_State* state, int number) {
+    lua_pushinteger(state, number);
+    return {};
+}
+
+std::string KeyText(lua_State* state, int index) {
+    if (lua_type(state, index) == LUA_TSTRING) return lua_tostring(state, index);
+    if (lua_isinteger(state, index)) return std::string("number ") += std::to_string(lua_tointeger(state, index));
+    return luaL_typename(state, index);
+}
+
+// Fills the record from the table that is the call's only argument. `extra` fields are left to the caller.
+std::string FillRecord(lua_State* state, const std::string& what, std::span<const Field> fields,
+                       std::span<const std::string_view> extra = {}) {
+    if (lua_gettop(state) != 1 || !lua_istable(state, 1)) return what + ": one table is wanted: {field = value, ...}";
+    for (lua_pushnil(state); lua_next(state, 1) != 0; lua_pop(state, 1)) {
+        const std::string key = KeyText(state, -2);
+        if (std::ranges::find(extra, key) != extra.end()) continue;
+        const auto field = std::ranges::find(fields, key, &Field::name);
+        if (field == fields.end()) return what + ": there is no field " + key;
+        const std::string reason = SetField(state, -1, *field);
+        if (!reason.empty()) return what + ", " + key + ": " + reason;
+    }
+    return {};
+}
+
+struct Heading {
+    std::optional<std::string> name;
+    int number;
+};
+
+// Reads the name and number at the two stack places; both may be nil.
+std::string ReadHeading(lua_State* state, int nameAt, int numberAt, int count, Heading& heading) {
+    if (lua_type(state, nameAt) == LUA_TSTRING) {
+        heading.name = lua_tostring(state, nameAt);
+    } else if (!lua_isnoneornil(state, nameAt)) {
+        return "the name must be text";
+    }
+    if (!lua_isnoneornil(state, numberAt)) {
+        Integer number = 0;
+        const std::string reason = SetField(state, numberAt, {"number", &number});
+        if (!reason.empty()) return "number: " + reason;
+        heading.number = number;
+    }
+    if (heading.number >= 0 && heading.number < count) return {};
+    return Numbered("number ", heading.number) + Numbered(" is not within 0..", count - 1);
+}
+
+std::string Register(const Heading& heading, Names& names, bool& given) {
+    if (given) return Numbered("number ", heading.number) + " is given twice";
+    given = true;
+    if (!heading.name) return {};
+    const bool added = names.emplace(*heading.name, static_cast<Integer>(heading.number)).second;
+    return added ? "" : "the name " + *heading.name + " is taken";
+}
+
+std::string BeginPattern(lua_State* state, Builder& builder) {
+    Heading heading{{}, builder.nextPattern};
+    std::string reason = ReadHeading(state, 1, 2, kMovePatterns, heading);
+    if (reason.empty()) reason = Register(heading, builder.patterns, builder.patternGiven[heading.number]);
+    if (!reason.empty()) return "pattern: " + reason;
+    builder.pattern = heading.number;
+    builder.nextPattern = heading.number + 1;
+    builder.nextStep = 0;
+    return Result(state, heading.number);
+}
+
+std::string AddStep(lua_State* state, Builder& builder) {
+    if (builder.pattern < 0) return "step: no pattern has begun";
+    const std::string what = Numbered("pattern ", builder.pattern) + Numbered(", step ", builder.nextStep);
+    if (builder.nextStep >= kMoveSteps) return what + ": a pattern has room for 256 steps";
+    EneMoveType step{};
+    const std::string fault = FillRecord(state, what, FieldsOf(step, &kStepNames));
+    if (!fault.empty()) return fault;
+    builder.tables.EneMove[builder.pattern][builder.nextStep] = step;
+    return Result(state, builder.nextStep++);
+}
+
+std::string AddKind(lua_State* state, Builder& builder) {
+    constexpr std::string_view kExtra[] = {"name", "number"};
+    EnemyDataType kind{};
+    const std::string what = Numbered("kind ", builder.nextKind);
+    const std::string fault = FillRecord(state, what, FieldsOf(kind, &builder.patterns), kExtra);
+    if (!fault.empty()) return fault;
+    lua_getfield(state, 1, "name");
+    lua_getfield(state, 1, "number");
+    Heading heading{{}, builder.nextKind};
+    std::string reason = ReadHeading(state, 2, 3, kEnemyKinds, heading);
+    if (reason.empty()) reason = Register(heading, builder.kinds, builder.kindGiven[heading.number]);
+    if (!reason.empty()) return what + ": " + reason;
+    builder.tables.EnemyData[heading.number] = kind;
+    builder.nextKind = heading.number + 1;
+    return Result(state, heading.number);
+}
+
+std::string AddEntry(lua_State* state, Builder& builder) {
+    const std::string what = Numbered("entry ", builder.nextEntry);
+    if (builder.nextEntry >= kStageEntries) return what + ": a table has room for 513 entries";
+    StageDataType entry{};
+    const std::string fault = FillRecord(state, what, FieldsOf(entry, &builder.kinds));
+    if (!fault.empty()) return fault;
+    builder.tables.Stages[builder.stage][builder.nextEntry] = entry;
+    return Result(state, builder.nextEntry++);
+}
+
+std::string NextStep(lua_State* state, Builder& builder) {
+    return Result(state, builder.nextStep);
+}
+std::string NextEntry(lua_State* state, Builder& builder) {
+    return Result(state, builder.nextEntry);
+}
+
+std::string RunStage(const std::string& folder, int stage, Builder& builder) {
+    builder.stage = stage;
+    builder.nextEntry = 0;
+    LuaScript script(folder, kStageTableNames[static_cast<std::size_t>(stage)].source);
+    script.Define("entry", Guarded<AddEntry>, &builder);
+    script.Define("next_entry", Guarded<NextEntry>, &builder);
+    return script.Run();
+}
+
+}  // namespace
+
+std::string BuildTables(const std::string& folder, Tables& tables) {
+    tables = {};
+    Builder builder(tables);
+    LuaScript moves(folder, kMoveTable.source);
+    moves.Define("pattern", Guarded<BeginPattern>, &builder);
+    moves.Define("step", Guarded<AddStep>, &builder);
+    moves.Define("next_step", Guarded<NextStep>, &builder);
+    std::string fault = moves.Run();
+    if (!fault.empty()) return fault;
+    LuaScript enemies(folder, kEnemyTable.source);
+    enemies.Define("kind", Guarded<AddKind>, &builder);
+    fault = enemies.Run();
+    for (int i = 0; i < kStageTables && fault.empty(); ++i) fault = RunStage(folder, i, builder);
+    return fault;
+}
