@@ -202,6 +202,8 @@ for t in table:
         solid, box = masked("%s frame %d" % (t["name"], f), s, m, 0.55 if boss else 0.24)
         reach("%s frame %d" % (t["name"], f), box, w, h, 0.95 if boss else 0.72)
         lum = (s @ np.array([0.3, 0.59, 0.11]))[solid]
+        if not len(lum):
+            continue
         if lum.mean() < 45:
             fault("%s frame %d: too dark (mean %.0f)" % (t["name"], f, lum.mean()))
         if lum.std() < 22:

@@ -64,7 +64,7 @@
   union {
     Around(object { union {
       sphere { <18, 0, 2>, 5.8 Paint(C_Plum) }
-      cone { <20,0,2>, 3.4, <23.8,0,2>, 0.6 Metal(C_Gun) }
+      cone { <20,0,2>, 3.6, <23.8,0,2>, 0.6 Metal(C_Bone) }
       object { Eye(18, 0, 7.2, 2, C_Red, C_Yellow) }
     } }, 6)
     Around(object { Plate(array[4]{<6,-1.3>,<15,-2>,<15,2>,<6,1.3>}, -1, 2, 0.7) Paint(C_GunD) rotate z*30 }, 3)

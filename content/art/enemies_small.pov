@@ -131,9 +131,9 @@
 // ------------------------------------------------------- mines: crimson
 #case (10) // spike: a turning ball of thorns
   union {
-    Around(object { cone { <6,0,0>, 3, <15.8,0,0>, 0.5 Metal(C_Gun) } }, 6)
+    Around(object { cone { <6,0,0>, 3.4, <15.8,0,0>, 0.5 Metal(C_Bone) } }, 6)
     Around(object { union {
-      cone { <3,0,4>, 2.4, <9.5,0,9>, 0.4 Metal(C_Gun) } rotate z*30 } }, 6)
+      cone { <3,0,4>, 2.4, <9.5,0,9>, 0.4 Metal(C_Bone) } rotate z*30 } }, 6)
     rotate z*(60*T)
   }
   sphere { 0, 9.6 Paint(C_Plum) }

@@ -80,7 +80,7 @@ def sparks(f, n, rng_seed, count):
         ux, uy = np.cos(a), np.sin(a)
         u = X * ux + Y * uy
         v = -X * uy + Y * ux
-        w = w * (1 + .3 * (f < 2))
+        w = w * (1.3 if f < 2 else 1.0)
         du = np.where(u > d, (u - d) / (w * 1.3), (d - u) / L)
         g = np.exp(-du ** 2) * np.exp(-(v / w) ** 2) * (u > 0)
         out = np.maximum(out, ramp(np.clip(g * heat * br * 1.15, 0, 1), FIRE) / 255.0)
@@ -101,10 +101,9 @@ def flash(n):
         wid = w * np.clip(1.15 - np.abs(u) / l, 0.02, 2)
         ray = np.maximum(ray, k * np.exp(-(v / wid) ** 2) * np.clip(1.08 - np.abs(u) / l, 0, 1))
     g = g + ray
-    cool = np.array((.62, .80, 1.0))
     warm = np.array((1.0, .72, .34))
     halo = smooth(.75, .2, r)
-    return np.clip(g, 0, 3)[..., None] * mix(warm, cool * 0 + (1.0, .93, .78), halo) + 0 * cool
+    return np.clip(g, 0, 3)[..., None] * mix(warm, (1.0, .93, .78), halo)
 
 
 def frame(f, size, seed, detail, ss, steps):

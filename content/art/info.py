@@ -5,9 +5,9 @@ import numpy as np
 from PIL import Image, ImageDraw, ImageFont
 
 import pack
-from scenery_noise import blur, shrink
+from scenery_noise import shrink
 from words_letters import layout, raster
-from words_metal import COOL, WARM, place
+from words_metal import COOL, place
 
 W, H = 320, 480
 SANS = '/usr/share/fonts/opentype/noto/NotoSansCJK-Bold.ttc'      # face 0 = JP
@@ -144,14 +144,14 @@ def build():
         if k == 0:
             for yy in (193, 209, 225):
                 for s in (-1, 1):
-                    p.bolt(cx + s * 6, yy + 13, 0, -1, 13, 2.4, (255, 226, 130))
+                    p.bolt(cx + s * 6, yy + 13, 0, -1, 13, 2.4, (132, 186, 255))
             p.text(cx, 293, 'Twin forward', TEXT, 13, 'ms')
             p.text(cx, 308, 'strong', WARMC, 13, 'ms')
         else:
             for a in (-36, -12, 12, 36):
                 dx, dy = np.sin(np.radians(a)), -np.cos(np.radians(a))
                 for d in (12, 28, 44):
-                    p.bolt(cx + dx * d * 1.1, 246 + dy * d, dx, dy, 10, 1.9, (120, 240, 255))
+                    p.bolt(cx + dx * d * 1.1, 246 + dy * d, dx, dy, 10, 1.9, (132, 186, 255))
             p.text(cx, 293, 'Four-way spread', TEXT, 13, 'ms')
             p.text(cx, 308, 'wide, but weaker', KEY, 13, 'ms')
 

@@ -4,7 +4,7 @@
 import numpy as np
 
 import pack
-from scenery_noise import blur, fbm, shrink, smooth
+from scenery_noise import blur, shrink, smooth
 from words_letters import layout, raster
 from words_metal import COOL, place
 

@@ -14,11 +14,11 @@
   object { SymPlate(array[5]{<0,12.5>,<0.75,6>,<1.0,1>,<0.7,-4>,<0,-8>}, 2, 2.1, 0) Glow(C_White, 1) }
 #break
 #case (1) // pip, 8 x 8, core near the upper left corner
-  #local Cx = -1; #local Cy = 1;
+  #local Cx = -0.7; #local Cy = 0.7;
   union {
-    Disc(0, 0, 0, 3.0, srgb <0.70,0.26,0.0>)
-    Disc(0, 0, 1, 2.4, C_Amber)
-    Disc(0, 0, 2, 1.4, srgb <1,1,0.80>)
+    Disc(0, 0, 0, 3.3, srgb <0.80,0.30,0.0>)
+    Disc(0, 0, 1, 2.7, C_Amber)
+    Disc(0, 0, 2, 1.7, srgb <1,1,0.80>)
     translate <Cx, Cy, 0>
   }
 #break

@@ -36,14 +36,15 @@ ENEMIES = [
     ("bomber_moth", "bomber", MID, 1, 4),
     ("turret_quad", "turret", MID, 2, 3),
     ("mine_ring", "mine", MID, 3, 3),
-    ("fighter_lance", "fighter", MID, 4, 4),
+    ("fighter_lance", "fighter", MID, 4, 3),
     ("turret_iris", "turret", MID, 5, 4),
     ("bomber_slug", "bomber", MID, 6, 3),
-    ("carrier_crab", "carrier", MID, 7, 3),
+    ("carrier_crab", "carrier", MID, 7, 2),
     ("carrier_barge", "carrier", BIG, 0, 3),
     ("carrier_hive", "carrier", BIG, 1, 3),
     ("bomber_fortress", "bomber", BIG, 2, 2),
     ("turret_citadel", "turret", BIG, 3, 2),
+    ("scout_halberd", "scout", MID, 8, 2),
 ]
 # cell size -> the sprite rows (y) that may be filled, left to right
 ROWS = {32: [0, 64, 128], 48: [192, 288], 64: [384]}

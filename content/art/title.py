@@ -8,12 +8,11 @@ the torn veil lies exactly on the joint.
 import sys
 
 import numpy as np
-from PIL import Image, ImageDraw, ImageFont
 
 import pack
 from scenery_noise import blur, fbm, mix, perlin, ramp, shrink, smooth
 from words_letters import layout, raster
-from words_metal import COOL, WARM, metal, place
+from words_metal import COOL, metal
 
 W, H, SS = 320, 480, 2
 CX = 160.0
@@ -43,8 +42,7 @@ def sky():
     col = mix(col, np.array((120, 214, 226.)), np.clip(near * 1.25 - .42, 0, 1) ** 1.3)
     veil = col * (dens * light * (.35 + .65 * top))[..., None]
     # the rift
-    wob = dx - 2.5 * w1 * 0
-    shaft = np.exp(-(wob / 3.0) ** 2) * 1.0 + .50 * np.exp(-np.abs(wob) / 9.0) + .22 * np.exp(-np.abs(wob) / 34.0)
+    shaft = np.exp(-(dx / 3.0) ** 2) * 1.0 + .50 * np.exp(-ax / 9.0) + .22 * np.exp(-ax / 34.0)
     vert = smooth(40, 250, Y) * (1 - .35 * smooth(330, 420, Y))
     rift = np.array((150, 226, 240.)) * (shaft * vert * (1 - .72 * opened * dens))[..., None]
     base = ramp(Y / H, [(0, (3, 4, 12)), (.5, (6, 10, 26)), (1, (8, 16, 34))])
@@ -74,11 +72,9 @@ def limb(X, Y, rgb):
     R, cy = 560.0, 352.0 + 560.0
     d = np.hypot(X - CX, Y - cy)
     inside = smooth(R + .6, R - .6, d)
-    z = np.sqrt(np.clip(R * R - d * d, 0, None)) / R
     depth = (R - d)
     # relief of highlands and dark tarns seen at a slant
-    s = .012 + z
-    u = (X - CX) / 46.0 * (1 + 0 * s)
+    u = (X - CX) / 46.0
     v = 5.2 * np.sqrt(np.clip(depth, 0, None) / 46.0)
     wq = fbm(u + 8, v + 3, 64, 64, 7, 4)
     hgt = fbm(u + 8 + .6 * wq, v + .6 * wq, 64, 64, 17, 6, .52) + .5 * fbm(u + 2 + .8 * wq, v, 64, 64, 29, 5, .5, True)

@@ -10,11 +10,11 @@ from words_metal import COOL, WARM, place
 W, H, SS = 272, 392, 6
 
 
-def fit(text, x, y, w, h, env=COOL, bevel=2.2, letter_h=100.0, cellw=None, halo=((40, 120, 190), 1.6, 0.55)):
+def fit(text, x, y, w, h, env=COOL, bevel=2.2, letter_h=100.0, cellw=None, halo=((40, 120, 190), 1.6, 0.55), t=22.0):
     """Text fitted into w x h at (x, y); keeps the letters' own proportions
     unless they must be squeezed, and centres them in the box."""
     cw, ch = (cellw or w), h
-    tw, ops = layout(text, H=letter_h)
+    tw, ops = layout(text, H=letter_h, t=t)
     sy = h / letter_h
     sx = min(sy, w / tw)
     ox = x + (w - tw * sx) / 2
@@ -33,12 +33,12 @@ def build():
     out = np.zeros((H, W, 3))
     add = lambda a: np.maximum(out, a, out=out)
     add(clip(fit('STAGE', 5, 7, 160, 35, letter_h=104), 0, 0, 172, 48))
-    add(clip(fit('SCORE ATTACK', 6, 102, 260, 35, WARM, letter_h=150, halo=((190, 90, 30), 1.6, 0.5)), 0, 96, 272, 48))
+    add(clip(fit('SCORE ATTACK', 6, 102, 260, 35, WARM, letter_h=150, t=26, halo=((190, 90, 30), 1.6, 0.5)), 0, 96, 272, 48))
     for i, d in enumerate('12345'):
         add(clip(fit(d, i * 48 + 8, 151, 32, 35, letter_h=104), i * 48, 144, 48, 48))
     add(clip(fit('GAME', 6, 205, 168, 37, WARM, letter_h=104, halo=((190, 80, 30), 1.6, 0.5)), 0, 200, 180, 45))
     add(clip(fit('OVER', 6, 249, 168, 37, WARM, letter_h=104, halo=((190, 80, 30), 1.6, 0.5)), 0, 245, 180, 45))
-    add(clip(fit('STAGE CLEAR', 6, 304, 260, 38, letter_h=150), 0, 293, 272, 60))
+    add(clip(fit('STAGE CLEAR', 6, 304, 260, 38, letter_h=150, t=26), 0, 293, 272, 60))
     return clean_for_or(out, 26)
 
 

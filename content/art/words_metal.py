@@ -1,8 +1,8 @@
 """Bevelled metal rendering of the letter family (numpy, supersampled)."""
 import numpy as np
 
-from scenery_noise import blur, mix, ramp, shrink, smooth
-from words_letters import distance, layout, raster
+from scenery_noise import blur, ramp, shrink, smooth
+from words_letters import distance
 
 LIGHT = np.array([-0.55, -0.62, 0.56])
 LIGHT = LIGHT / np.linalg.norm(LIGHT)
@@ -14,8 +14,8 @@ WARM = [(-1.0, (36, 10, 8)), (-.35, (110, 36, 16)), (-.06, (190, 92, 34)), (0.0,
         (.10, (186, 96, 40)), (.45, (244, 186, 96)), (.8, (255, 238, 190)), (1.0, (255, 255, 245))]
 
 
-def metal(mask, ss, bevel, y0, y1, env=COOL, face=0.0, edge=(190, 245, 255)):
-    """Linear RGB 0..255 of a bevelled shape at the supersampled size.
+def metal(mask, ss, bevel, y0, y1, env=COOL, edge=(190, 245, 255)):
+    """RGB 0..255 of a bevelled shape at the supersampled size.
     bevel in final pixels; y0..y1 are the rows (final px) of the text line."""
     R = int(round(bevel * ss))
     d = distance(mask, R + 2) / float(R)
@@ -30,11 +30,12 @@ def metal(mask, ss, bevel, y0, y1, env=COOL, face=0.0, edge=(190, 245, 255)):
     # the flat face mirrors a horizon that runs through the line of text
     flat = nz > 0.985
     hor = 0.5 + 0.035 * np.sin(xx / 13.0) + 0.02 * np.sin(xx / 5.3)
-    facev = np.where(yy < hor, 0.22 + 0.75 * np.clip(1 - yy / hor, 0, 1) ** 1.2, -0.02 - 0.75 * smooth(0, 1, (yy - hor) / (1 - hor)))
-    facev = np.where((yy >= hor), np.where(yy > .97, -.3, -0.75 + 0.72 * smooth(0, .9, (yy - hor) / (1 - hor))), facev)
+    above = 0.22 + 0.75 * np.clip(1 - yy / hor, 0, 1) ** 1.2
+    below = np.where(yy > .97, -.3, -0.75 + 0.72 * smooth(0, .9, (yy - hor) / (1 - hor)))
+    facev = np.where(yy < hor, above, below)
     lam = nx * LIGHT[0] + ny * LIGHT[1] + nz * LIGHT[2]
     bev = np.clip((lam - 0.30) * 1.5, -1, 1)
-    v = np.where(flat, facev * (1 - face) + face * 0.6, bev)
+    v = np.where(flat, facev, bev)
     v = blur(v, 0.25 * ss)
     col = ramp(v, env)
     # thin bright line where the bevel meets the face
@@ -43,16 +44,9 @@ def metal(mask, ss, bevel, y0, y1, env=COOL, face=0.0, edge=(190, 245, 255)):
     return col
 
 
-def word(text, w, h, x, y, width, height, H=100.0, t=22.0, bevel=2.0, ss=6, env=COOL, gap=17.0, widths=None, halo=None,
-         outline=0.9, colour_out=(6, 14, 30)):
-    """RGB float (h, w, 3) on black: text fitted into the box x, y, width, height."""
-    tw, ops = layout(text, gap, H, t, widths)
-    sx, sy = width / tw, height / H
-    m = raster(ops, w, h, x, y, sx, sy, ss)
-    return place(m, w, h, ss, bevel, y, y + height, env, halo)
-
-
 def place(m, w, h, ss, bevel, y0, y1, env, halo):
+    """RGB float (h, w, 3) on black of a supersampled mask, with an optional
+    halo (colour, radius, strength) around it."""
     col = metal(m, ss, bevel, y0, y1, env)
     a = shrink(m.astype(float), ss)
     rgb = shrink(np.where(m[..., None], col, 0) ** 2.0, ss) ** 0.5

@@ -27,8 +27,8 @@ FULLASCII = [chr(c) for c in range(0xff01, 0xff5f) if c not in (0xff3e, 0xff40)]
 PUNCT = list('\u3000、。「」『』〜…')
 KANJI = list('隊長星雲夜空音楽試験')
 
-# Glyphs corrected by hand, drawn as they appear in the cell (12 px wide kanji
-# are placed at column 0; `top` is the row of the cell where the drawing starts).
+# Glyphs drawn by hand; `top` is the row of the cell where the drawing starts.
+sys.dont_write_bytecode = True
 sys.path.insert(0, HERE)
 from hand_glyphs import STATUS_HAND, STAFF_HAND  # noqa: E402
 
@@ -133,13 +133,12 @@ def staff_font():
             x0, adv = min(2, e[0]), 7
             w = max(adv, e[1] - x0)
         else:                                           # proportional Latin
-            nat = f.getlength(ch)
-            x0 = e[0] - 1 if e[0] > 0 else 0
-            adv = max(int(nat + 0.5) + 1, e[1] - x0 + 1)
+            x0 = e[0]
+            adv = e[1] - e[0] + 1
             if ch.isdigit():
-                adv = 8
-                x0 = e[1] - 8 + (8 - (e[1] - e[0])) // 2 if e[1] - e[0] < 8 else e[0]
-                x0 = min(x0, e[0])
+                adv = 7
+            if ch in ":;,.'!|":
+                x0, adv = e[0] - 1, adv + 2
             w = max(e[1] - x0, 1)
         w = min(w, W - x0)
         glyphs.append((ch, [r[x0:x0 + w] for r in g], w, adv))
@@ -224,6 +223,11 @@ def check():
             if ink and key in seen and name == 'status':
                 bad.append('%s: %04X looks the same as %04X' % (name, c, seen[key]))
             seen[key] = c
+        if name == 'staff':                      # shown in the right half of the screen
+            for line in ('Thank you TestPlayers', 'Thank you ALL Players'):
+                width = sum(table[ord(c)][3] for c in line)
+                if width > 156:
+                    bad.append('staff: "%s" is %d px wide' % (line, width))
         if name == 'status':
             line = 'HISCORE 000000  SCORE 000000   POWER 0     FPS 00000'
             width = sum(table[ord(c)][3] for c in line)

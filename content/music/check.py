@@ -20,7 +20,7 @@ PIECES = {
     'Stage3.Mid':   dict(kind='stage', clash=0),
     'Atacck.Mid':   dict(kind='loop', min=30, max=60, clash=0),
     'boss.mid':     dict(kind='loop', min=40, clash=0),
-    'boss02.mid':   dict(kind='loop', min=50, clash=2),   # the bent motif: Eb over the D of organ and bell
+    'boss02.mid':   dict(kind='loop', min=50, clash=3),   # the bent motif: Eb over the held D
     'Cleared.Mid':  dict(kind='loop', min=5, max=10, clash=0),
     'gameover.mid': dict(kind='once', min=5, max=20, clash=0),
     'End.mid':      dict(kind='once', min=56, max=80, clash=0),
@@ -155,12 +155,12 @@ def read_wav(path):
 
 def a_weighted(x, rate):
     """RMS after the A curve: closer to what is heard than the plain RMS."""
-    spec = np.fft.rfft(x.mean(axis=1))
+    bins = np.fft.rfft(x.mean(axis=1))
     f = np.fft.rfftfreq(len(x), 1 / rate)
     f2 = f * f
     w = 1.2589 * (12194 ** 2 * f2 * f2) / ((f2 + 20.6 ** 2) * (f2 + 12194 ** 2)
         * np.sqrt((f2 + 107.7 ** 2) * (f2 + 737.9 ** 2)))
-    return db(np.sqrt(2 * np.sum(np.abs(spec * w) ** 2)) / len(x))
+    return db(np.sqrt(2 * np.sum(np.abs(bins * w) ** 2)) / len(x))
 
 
 def silences(x, rate):
@@ -285,6 +285,9 @@ def main():
         if want['kind'] != 'once':
             if off > 30:        # abc2midi adds 26 ticks to every track
                 fail(f, 'does not end on a bar line (%d ticks off)' % off)
+            if any(c == 10 and n > m.end - m.ppq for n, _, c, _, _ in m.notes):
+                # a fill that runs into the restart would stumble when the restart is late
+                fail(f, 'drums in the last beat before the restart')
             if tail > TAIL_MAX:
                 fail(f, 'silent for %.2f s at the end' % tail)
         if inner > GAP_MAX:

@@ -20,12 +20,8 @@ inline Control TextField(const char* name, Place at, int tabIndex) {
 }
 
 inline Control Button(const char* name, const char* caption, Place at, int tabIndex, Handler click) {
-    return {.Kind = ControlKind::button,
-            .Name = name,
-            .At = at,
-            .TabIndex = tabIndex,
-            .Caption = caption,
-            .Event = click};
+    return {
+        .Kind = ControlKind::button, .Name = name, .At = at, .TabIndex = tabIndex, .Caption = caption, .Event = click};
 }
 
 // From 0 to max; arrows and trough move by 1.

@@ -13,14 +13,16 @@ constexpr int kDoubleDigits = 15;
 constexpr std::size_t kLongestNumber = 255;
 
 std::string GeneralForm(double value, int digits) {
-    if (value == 0) value = 0; // drops the sign of -0
+    if (value == 0) value = 0;  // drops the sign of -0
     char text[32];
     const auto [end, error] = std::to_chars(text, text + sizeof text, value, std::chars_format::general, digits);
     std::replace(text, end, 'e', 'E');
     return {text, end};
 }
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 std::string_view WithoutBlanks(std::string_view text) {
     constexpr std::string_view kBlanks = " \t";
@@ -32,7 +34,7 @@ std::string_view WithoutBlanks(std::string_view text) {
 // `text` without its sign.
 std::optional<double> MagnitudeOf(std::string text) {
     const bool startsAsNumber = !text.empty() && (IsDigit(text.front()) || text.front() == '.');
-    if (!startsAsNumber) return std::nullopt; // a second sign, "inf", "nan"
+    if (!startsAsNumber) return std::nullopt;  // a second sign, "inf", "nan"
     for (char& c : text) {
         if (c == 'E' || c == 'D' || c == 'd') c = 'e';
     }
@@ -48,9 +50,15 @@ std::optional<double> MagnitudeOf(std::string text) {
 
 }  // namespace
 
-std::string TextOf(float value) { return GeneralForm(value, kSingleDigits); }
-std::string TextOf(double value) { return GeneralForm(value, kDoubleDigits); }
-std::string TextOf(int value) { return std::to_string(value); }
+std::string TextOf(float value) {
+    return GeneralForm(value, kSingleDigits);
+}
+std::string TextOf(double value) {
+    return GeneralForm(value, kDoubleDigits);
+}
+std::string TextOf(int value) {
+    return std::to_string(value);
+}
 
 std::optional<double> NumberOf(std::string_view text) {
     text = WithoutBlanks(text);

@@ -8,10 +8,9 @@
 #include <string>
 #include <string_view>
 
-// General number form, without leading blanks: the shortest of at most 7 (Single) or 15 (double) significant digits,
-// no trailing zeros. Plain decimals from 0.0001 up to one digit more than the form keeps (1E+07 and 1E+15 are the first
-// with an exponent); below and above with an exponent of at least two digits: "1E-05", "1.5E+10". Zero has no sign.
-// What is no number becomes a text that NumberOf refuses.
+// General number form, without leading blanks: at most 7 (Single) or 15 (double) significant digits and no trailing
+// zeros. Plain decimals from 0.0001 to below 1E+07 (Single) or 1E+15 (double), otherwise with an exponent of at least
+// two digits: "1E-05", "1.5E+10". Zero has no sign. What is no number becomes a text that NumberOf refuses.
 std::string TextOf(float value);
 std::string TextOf(double value);
 std::string TextOf(int value);
@@ -24,7 +23,7 @@ std::optional<double> NumberOf(std::string_view text);
 // The nearest whole number, halves to even; none when that lies outside the type's range.
 template <typename Whole>
 std::optional<Whole> WholeOf(double value) {
-    const double nearest = std::nearbyint(value); // the default rounding mode: halves to even
+    const double nearest = std::nearbyint(value);  // the default rounding mode: halves to even
     const bool fits = nearest >= std::numeric_limits<Whole>::min() && nearest <= std::numeric_limits<Whole>::max();
     if (!fits) return std::nullopt;
     return static_cast<Whole>(nearest);

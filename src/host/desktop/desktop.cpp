@@ -20,7 +20,6 @@ Host::Host(int& argc, char** argv) : application(WithWholePixels(argc), argv) {
     assert(!theHost);
     theHost = this;
     QApplication::setApplicationName("tarnveil");
-    QApplication::setApplicationDisplayName(QString());
     QApplication::setDesktopFileName("tarnveil");
     QApplication::setQuitOnLastWindowClosed(false);
     ApplyLook(application);

@@ -1,6 +1,7 @@
 #include "host/desktop/look.h"
 
 #include <QtGui/QFontDatabase>
+#include <QtGui/QPalette>
 #include <QtWidgets/QStyleFactory>
 
 namespace desktop {

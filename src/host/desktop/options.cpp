@@ -60,13 +60,12 @@ Argument Split(std::string_view text) {
     return {text.substr(0, equals), text.substr(equals + 1)};
 }
 
-std::string Problem(const OptionRow* row, const Argument& argument, Options& options) {
-    const std::string name(argument.name);
-    if (!row) return "unknown option " + name;
-    if (row->value.empty() && argument.value) return name + " takes no value";
-    if (!row->value.empty() && !argument.value) return name + " needs a value";
-    const std::string_view value = argument.value.value_or("");
-    if (!row->read(options, value)) return name + ": '" + std::string(value) + "' is no good as " + std::string(row->value);
+// What is wrong with the argument; empty when it is taken.
+std::string_view Take(const OptionRow* row, const Argument& argument, Options& options) {
+    if (!row) return "there is no such option";
+    if (row->value.empty() && argument.value) return "takes no value";
+    if (!row->value.empty() && !argument.value) return "needs a value";
+    if (!row->read(options, argument.value.value_or(""))) return "that value is no good";
     return {};
 }
 
@@ -78,19 +77,20 @@ Options ParseOptions(const std::vector<std::string_view>& arguments) {
         Argument argument = Split(arguments[i]);
         const OptionRow* row = FindOption(argument.name);
         if (row && !row->value.empty() && !argument.value && i + 1 < arguments.size()) argument.value = arguments[++i];
-        options.error = Problem(row, argument, options);
+        const std::string_view problem = Take(row, argument, options);
+        if (!problem.empty()) options.error.append(arguments[i]).append(": ").append(problem);
     }
     return options;
 }
 
 std::string HelpText() {
-    constexpr std::size_t kHelpColumn = 18;
+    constexpr std::size_t kHelpColumn = 18; // wider than every option with its value
     std::string text = "Usage: tarnveil [OPTION]...\nA vertically scrolling shooting game.\n\n";
     for (const OptionRow& row : kOptions) {
-        std::string line = "  " + std::string(row.name);
-        if (!row.value.empty()) line += " " + std::string(row.value);
-        if (line.size() < kHelpColumn) line.resize(kHelpColumn, ' ');
-        text += line + " " + std::string(row.help) + "\n";
+        std::string line = "  ";
+        line.append(row.name).append(" ").append(row.value);
+        line.resize(kHelpColumn, ' ');
+        text.append(line).append(row.help).append("\n");
     }
     return text;
 }

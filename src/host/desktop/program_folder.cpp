@@ -33,7 +33,7 @@ std::string CopyIfMissing(const fs::path& from, const fs::path& to) {
     const FileBytes content = ReadWholeFile(from.string());
     if (content.error != FileError::none) return content.reason;
     fs::path finished = to;
-    finished += "." + std::to_string(getpid()) + ".copy";
+    finished.concat(".").concat(std::to_string(getpid())).concat(".copy");
     std::string reason = WriteFileKeepingTail(finished.string(), content.bytes);
     if (reason.empty()) reason = NameIfFree(finished, to);
     fs::remove(finished, error);

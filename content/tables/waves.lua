@@ -1,0 +1,122 @@
+-- Words for appearance tables. A stage is written along a time line: `wait` moves the time on, everything else is put
+-- down at the time reached, so two groups without a wait between them come together. Frames: 25.6 a second.
+local ROSTER = include "roster.lua"
+local SPRITES = {}
+for _, sprite in ipairs(include "../art/sheet.lua") do SPRITES[sprite.name] = sprite end
+
+local kinds = {} -- by name: size and hit points
+for _, enemy in ipairs(ROSTER) do
+    local sprite = SPRITES[enemy.sprite]
+    kinds[enemy.name] = { w = sprite.w, h = sprite.h, hp = enemy.hp }
+end
+
+WIDTH, HEIGHT = 320, 480
+RANDOM = 700 -- as an X: anywhere
+
+local now, written = 0, 0 -- the time reached, and the time of the last entry
+local pending = {}        -- what comes between the two
+
+local function kind_of(name) return kinds[name] or error("no kind " .. tostring(name), 3) end
+
+-- Commands stand where they are called: everything before them has come by then.
+local function flush()
+    table.sort(pending, function(a, b)
+        if a.time ~= b.time then return a.time < b.time end
+        return a.order < b.order
+    end)
+    for _, s in ipairs(pending) do
+        entry { X = s.x, Y = s.y, No = s.kind, Counter = s.time - written, Power = s.hp }
+        written = s.time
+    end
+    pending = {}
+end
+
+local function command(name)
+    flush()
+    if now > written then entry { No = "pass", Counter = now - written } end
+    written = now
+    return entry { No = name }
+end
+
+function wait(n) now = now + n end
+
+-- Waits until the last enemy put down so far has come.
+function rest()
+    for _, s in ipairs(pending) do now = math.max(now, s.time) end
+end
+
+function seconds(s) return math.floor(s * 25.6 + 0.5) end
+
+-- One enemy by the middle of its sprite; above the field if no y (of its top edge) is given. `later` frames from now.
+function spawn(name, x, y, later, hp)
+    local kind = kind_of(name)
+    local left = x == RANDOM and RANDOM or x - kind.w // 2
+    pending[#pending + 1] = {
+        time = now + (later or 0), order = #pending, kind = name,
+        x = left, y = y or -kind.h, hp = hp or kind.hp,
+    }
+end
+
+-- One after another from the same place.
+function stream(name, n, x, gap, y)
+    for i = 0, n - 1 do spawn(name, x, y, i * (gap or 0)) end
+end
+
+-- One after another, each `dx` further on.
+function stairs(name, n, x, dx, gap, y)
+    for i = 0, n - 1 do spawn(name, x + i * dx, y, i * (gap or 0)) end
+end
+
+-- All at once, side by side, about the middle `x`.
+function row(name, n, x, dx, y)
+    for i = 0, n - 1 do spawn(name, x + (i - (n - 1) / 2) * dx, y) end
+end
+
+-- A wedge: the leader, then a pair every `gap` frames.
+function vee(name, pairs_behind, x, dx, gap)
+    spawn(name, x)
+    for i = 1, pairs_behind do
+        spawn(name, x - i * dx, nil, i * (gap or 0))
+        spawn(name, x + i * dx, nil, i * (gap or 0))
+    end
+end
+
+-- Left and right in turn.
+function zip(name, n, left, right, gap, y)
+    for i = 0, n - 1 do spawn(name, i % 2 == 0 and left or right, y, i * (gap or 0)) end
+end
+
+-- A kind and its mirror image from both sides at once: `x` is the distance from either edge.
+function both(left, right, n, x, gap, y)
+    stream(left, n, x, gap, y)
+    stream(right, n, WIDTH - x, gap, y)
+end
+
+-- From anywhere.
+function rain(name, n, gap)
+    for i = 0, n - 1 do spawn(name, RANDOM, nil, i * (gap or 0)) end
+end
+
+-- From the sides: the left edge is just outside the field.
+function from_left(name, n, y, gap)
+    for i = 0, n - 1 do spawn(name, -kind_of(name).w // 2, y, i * (gap or 0)) end
+end
+function from_right(name, n, y, gap)
+    for i = 0, n - 1 do spawn(name, WIDTH + kind_of(name).w // 2, y, i * (gap or 0)) end
+end
+
+-- Boss music, the boss, and the wait for its end. `stop`: the music ends with it.
+function boss(name, hp, x, y, stop, silent)
+    if not silent then command "boss_entry" end
+    spawn(name, x or WIDTH / 2, y, 20, hp)
+    wait(20)
+    command(stop and "boss_wait_stop" or "boss_wait")
+end
+
+-- The end of a stage: the smoke clears, the clear music is heard, the next stage comes.
+function clear()
+    wait(60)
+    command "clear"
+    wait(seconds(6))
+    command "next_stage"
+end

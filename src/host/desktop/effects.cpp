@@ -1,0 +1,65 @@
+#include "host/desktop/effects.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "host/files.h"
+
+namespace {
+
+constexpr int kVoice = 0;
+constexpr int kVolume = MIX_MAX_VOLUME;
+
+constexpr std::size_t kLargestWave = 2u << 20;  // bytes; larger ones take longer than a frame to convert
+constexpr std::size_t kMostSounds = 8;          // a game has two; an author who tries out waves leaves old ones behind
+
+bool HasTag(std::span<const std::uint8_t> wave, std::size_t at, std::string_view tag) {
+    return wave.size() >= at + tag.size() &&
+           std::equal(tag.begin(), tag.end(), wave.begin() + static_cast<std::ptrdiff_t>(at));
+}
+
+bool LooksLikeWave(std::span<const std::uint8_t> wave) {
+    return wave.size() <= kLargestWave && HasTag(wave, 0, "RIFF") && HasTag(wave, 8, "WAVE");
+}
+
+// The mixer knows other formats too and would take them.
+Mix_Chunk* Decode(std::span<const std::uint8_t> wave) {
+    constexpr int kCloseStream = 1;
+    Mix_Chunk* chunk = nullptr;
+    if (LooksLikeWave(wave)) {
+        chunk = Mix_LoadWAV_RW(SDL_RWFromConstMem(wave.data(), static_cast<int>(wave.size())), kCloseStream);
+    }
+    // A lone byte stands for a missing file, which is reported where it is read.
+    if (!chunk && wave.size() > 1) LogLine("effect of " + std::to_string(wave.size()) + " bytes: cannot be played");
+    return chunk;
+}
+
+}  // namespace
+
+Effects::Effects() {
+    Mix_AllocateChannels(1);
+    Mix_Volume(kVoice, kVolume);
+}
+
+Effects::~Effects() {
+    Mix_HaltChannel(kVoice);
+}
+
+// The same two waves come again and again, a new game reads them into new places: so they are told apart by content.
+// Comparing 75 KB takes some microseconds.
+Mix_Chunk* Effects::ChunkOf(std::span<const std::uint8_t> wave) {
+    const auto known = std::ranges::find_if(sounds_, [&](const Sound& s) { return std::ranges::equal(s.wave, wave); });
+    if (known != sounds_.end()) return known->chunk.get();
+    if (sounds_.size() == kMostSounds) sounds_.erase(sounds_.begin());
+    sounds_.push_back({{wave.begin(), wave.end()}, {}});
+    sounds_.back().chunk.reset(Decode(wave));
+    return sounds_.back().chunk.get();
+}
+
+void Effects::Play(std::span<const std::uint8_t> wave) {
+    if (Mix_Chunk* chunk = ChunkOf(wave)) {
+        Mix_PlayChannel(kVoice, chunk, 0);
+    } else {
+        Mix_HaltChannel(kVoice);
+    }
+}

@@ -1,0 +1,152 @@
+#include "host/desktop/form_widgets.h"
+
+#include <QtCore/QSignalBlocker>
+#include <QtGui/QMouseEvent>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QGroupBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QStyleOptionFocusRect>
+#include <QtWidgets/QStyleOptionSlider>
+#include <QtWidgets/QStylePainter>
+#include <algorithm>
+
+namespace desktop {
+
+namespace {
+
+QRect RectOf(const Place& place) { return {place.Left, place.Top, place.Width, place.Height}; }
+
+// Labels and fields do not treat "&" specially, so the doubling is undone here.
+QString PlainCaption(const Control& control) {
+    return QString::fromStdString(control.Caption).replace(QStringLiteral("&&"), QStringLiteral("&"));
+}
+
+// A text longer than the label's box shows whole: the box grows away from the edge the text stands at.
+void FitLabel(QLabel& label, const Control& control) {
+    QRect box = RectOf(control.At);
+    const QSize text = label.sizeHint();
+    const int width = std::max(box.width(), text.width()), height = std::max(box.height(), text.height());
+    if (control.RightAligned) box.setLeft(box.right() + 1 - width);
+    box.setSize({width, height});
+    label.setGeometry(box);
+}
+
+QWidget* MakeLabel(const Control& control, QWidget* parent) {
+    auto* label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setAlignment(Qt::AlignTop | (control.RightAligned ? Qt::AlignRight : Qt::AlignLeft));
+    label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    return label;
+}
+
+QWidget* MakeButton(QWidget* parent) {
+    auto* button = new QPushButton(parent);
+    button->setAutoDefault(false); // Enter presses the focused button only
+    return button;
+}
+
+QWidget* MakeLine(QWidget* parent) {
+    auto* line = new QFrame(parent);
+    line->setFrameStyle(QFrame::HLine | QFrame::Plain);
+    return line;
+}
+
+QWidget* MakeBare(const Control& control, QWidget* parent) {
+    switch (control.Kind) {
+        case ControlKind::label:
+            return MakeLabel(control, parent);
+        case ControlKind::textField:
+            return new QLineEdit(parent);
+        case ControlKind::button:
+            return MakeButton(parent);
+        case ControlKind::hScroll:
+        case ControlKind::vScroll:
+            return new FormScrollBar(control, parent);
+        case ControlKind::frame:
+            return new QGroupBox(parent);
+        case ControlKind::line:
+            return MakeLine(parent);
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+FormScrollBar::FormScrollBar(const Control& control, QWidget* parent)
+    : QScrollBar(control.Kind == ControlKind::hScroll ? Qt::Horizontal : Qt::Vertical, parent) {
+    setRange(control.Min, control.Max);
+    setSingleStep(control.SmallChange);
+    setPageStep(control.LargeChange);
+    setTracking(false);
+    setFocusPolicy(Qt::StrongFocus);
+    setContextMenuPolicy(Qt::NoContextMenu);
+}
+
+void FormScrollBar::LetGo() {
+    const QPointF outside(-1, -1);
+    QMouseEvent release(QEvent::MouseButtonRelease, outside, mapToGlobal(outside), Qt::LeftButton, Qt::NoButton,
+                        Qt::NoModifier);
+    QApplication::sendEvent(this, &release);
+}
+
+void FormScrollBar::paintEvent(QPaintEvent* event) {
+    QScrollBar::paintEvent(event);
+    if (!hasFocus()) return;
+    constexpr int kInset = 3;
+    QStyleOptionSlider bar;
+    initStyleOption(&bar);
+    QStyleOptionFocusRect focus;
+    focus.initFrom(this);
+    focus.rect = style()
+                     ->subControlRect(QStyle::CC_ScrollBar, &bar, QStyle::SC_ScrollBarSlider, this)
+                     .adjusted(kInset, kInset, -kInset, -kInset);
+    focus.backgroundColor = palette().color(QPalette::Button);
+    QStylePainter(this).drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+}
+
+void FormScrollBar::focusInEvent(QFocusEvent* event) {
+    QScrollBar::focusInEvent(event);
+    update();
+}
+
+void FormScrollBar::focusOutEvent(QFocusEvent* event) {
+    QScrollBar::focusOutEvent(event);
+    update();
+}
+
+QWidget* MakeWidget(const Control& control, QWidget* parent) {
+    QWidget* widget = MakeBare(control, parent);
+    constexpr int kLineWidth = 1; // a line's place may have no height
+    QRect place = RectOf(control.At);
+    if (control.Kind == ControlKind::line) place.setHeight(std::max(place.height(), kLineWidth));
+    widget->setGeometry(place);
+    widget->setObjectName(QString::fromStdString(control.Name));
+    SyncWidget(*widget, control);
+    return widget;
+}
+
+void SyncWidget(QWidget& widget, const Control& control) {
+    const QSignalBlocker quiet(&widget);
+    if (auto* label = qobject_cast<QLabel*>(&widget)) {
+        label->setText(PlainCaption(control));
+        FitLabel(*label, control);
+    } else if (auto* field = qobject_cast<QLineEdit*>(&widget)) {
+        const QString text = QString::fromStdString(control.Text);
+        if (field->text() != text) field->setText(text);
+    } else if (auto* button = qobject_cast<QPushButton*>(&widget)) {
+        button->setText(QString::fromStdString(control.Caption));
+    } else if (auto* bar = qobject_cast<QScrollBar*>(&widget)) {
+        if (bar->value() != control.Value) bar->setValue(control.Value);
+    } else if (auto* frame = qobject_cast<QGroupBox*>(&widget)) {
+        frame->setTitle(QString::fromStdString(control.Caption));
+    }
+}
+
+bool TakesFocus(ControlKind kind) {
+    using enum ControlKind;
+    return kind == textField || kind == button || kind == hScroll || kind == vScroll;
+}
+
+}  // namespace desktop

@@ -1,0 +1,35 @@
+// One widget per control of a form, at exactly the control's place.
+#pragma once
+
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QWidget>
+
+#include "platform/forms.h"
+
+namespace desktop {
+
+// A scroll bar that shows that it has the keyboard and that can be made to let go of the mouse. It reports a drag of
+// its box once, when the box is dropped.
+class FormScrollBar final : public QScrollBar {
+  public:
+    FormScrollBar(const Control& control, QWidget* parent);
+
+    // Ends a press whose release another window will get.
+    void LetGo();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+};
+
+// The widget of `control`, child of `parent` (the form or its frame), without any connections yet.
+QWidget* MakeWidget(const Control& control, QWidget* parent);
+
+// Caption, text and value as the model has them now; no signal is sent.
+void SyncWidget(QWidget& widget, const Control& control);
+
+// Whether the keyboard can be in controls of this kind.
+bool TakesFocus(ControlKind kind);
+
+}  // namespace desktop
