@@ -1,35 +1,32 @@
-# The desktop program. It needs Qt 6 Widgets, SDL 2, SDL2_mixer and FluidSynth; without one of them it is left out and
-# everything else still builds.
-find_package(Qt6 6.2 QUIET COMPONENTS Widgets)
+# The desktop program. It needs Qt 6 Widgets and SDL 2; without one of them it is left out. Its sound needs SDL2_mixer
+# and FluidSynth; without one of them it is silent. Everything else builds in any case.
+find_package(Qt6 6.2 QUIET COMPONENTS Widgets Test)
 find_package(PkgConfig QUIET)
-set(missing "")
-if(NOT Qt6Widgets_FOUND)
-  list(APPEND missing "Qt 6 Widgets (qt6-base-dev)")
-endif()
 if(PkgConfig_FOUND)
   pkg_check_modules(SDL2 QUIET IMPORTED_TARGET sdl2)
   pkg_check_modules(SDL2_MIXER QUIET IMPORTED_TARGET SDL2_mixer)
   pkg_check_modules(FLUIDSYNTH QUIET IMPORTED_TARGET fluidsynth)
 else()
-  list(APPEND missing "pkg-config (pkgconf)")
+  message(STATUS "pkg-config is missing (package pkgconf): SDL 2, SDL2_mixer and FluidSynth cannot be found")
 endif()
-foreach(library "SDL2:SDL 2 (libsdl2-dev)" "SDL2_MIXER:SDL2_mixer (libsdl2-mixer-dev)"
-        "FLUIDSYNTH:FluidSynth (libfluidsynth-dev)")
-  string(REGEX MATCH "^([^:]*):(.*)$" parts "${library}")
-  if(NOT ${CMAKE_MATCH_1}_FOUND)
-    list(APPEND missing "${CMAKE_MATCH_2}")
-  endif()
-endforeach()
-if(missing)
-  list(JOIN missing ", " missing)
-  message(STATUS "The desktop program is left out. Missing: ${missing}")
+if(NOT Qt6Widgets_FOUND)
+  message(STATUS "The desktop program is left out: Qt 6 Widgets is missing (package qt6-base-dev)")
+  return()
+elseif(NOT SDL2_FOUND)
+  message(STATUS "The desktop program is left out: SDL 2 is missing (package libsdl2-dev)")
   return()
 endif()
 
 set(desktop ${CMAKE_CURRENT_SOURCE_DIR}/src/host/desktop)
-set(audio ${desktop}/audio_silent.cpp)
-if(EXISTS ${desktop}/audio.cpp)
-  set(audio ${desktop}/audio.cpp)
+if(SDL2_MIXER_FOUND AND FLUIDSYNTH_FOUND)
+  set(audio ${desktop}/audio.cpp ${desktop}/effects.cpp ${desktop}/midi_piece.cpp ${desktop}/music_deck.cpp
+      ${desktop}/synth.cpp)
+  set(audio_libraries PkgConfig::SDL2_MIXER PkgConfig::FLUIDSYNTH)
+else()
+  message(STATUS "The desktop program is built without sound: SDL2_mixer or FluidSynth is missing "
+                 "(packages libsdl2-mixer-dev, libfluidsynth-dev)")
+  set(audio ${desktop}/audio_silent.cpp)
+  set(audio_libraries)
 endif()
 # Objects, not an archive: the game calls the host and the host calls the game.
 add_library(tarnveil_desktop OBJECT
@@ -39,8 +36,7 @@ add_library(tarnveil_desktop OBJECT
   ${desktop}/form_window.cpp ${desktop}/window.cpp ${desktop}/clock.cpp ${desktop}/log.cpp ${audio})
 set_source_files_properties(${desktop}/program_folder.cpp PROPERTIES COMPILE_DEFINITIONS
                             "TARNVEIL_SOURCE_DATA=\"${CMAKE_CURRENT_SOURCE_DIR}/assets/data\"")
-target_link_libraries(tarnveil_desktop PUBLIC tarnveil_game Qt6::Widgets PkgConfig::SDL2 PkgConfig::SDL2_MIXER
-                      PkgConfig::FLUIDSYNTH)
+target_link_libraries(tarnveil_desktop PUBLIC tarnveil_game Qt6::Widgets PkgConfig::SDL2 ${audio_libraries})
 
 add_executable(tarnveil src/main.cpp)
 target_link_libraries(tarnveil PRIVATE tarnveil_desktop)

@@ -4,6 +4,7 @@
 #include <exception>
 #include <filesystem>
 
+#include "host/desktop/audio_setup.h"
 #include "host/desktop/desktop.h"
 #include "host/desktop/options.h"
 #include "host/desktop/program_folder.h"
@@ -34,7 +35,16 @@ void ApplyOptions(const desktop::Options& options) {
     SetProgramFolder(FolderFor(options));
     if (options.author) EnableAuthorMenus();
     if (options.seed) FixSeed(*options.seed);
+    SetSoundFont(options.soundFont);
 }
+
+// The sound device is open exactly while the game runs.
+struct Sound {
+    Sound() { StartAudio(); }
+    ~Sound() { StopAudio(); }
+    Sound(const Sound&) = delete;
+    Sound& operator=(const Sound&) = delete;
+};
 
 int Fail(const std::string& reason) {
     std::fprintf(stderr, "tarnveil: %s\n", reason.c_str());
@@ -45,6 +55,7 @@ int Fail(const std::string& reason) {
 int Play(const desktop::Options& options) {
     try {
         ApplyOptions(options);
+        const Sound sound;
         Main();
         return 0;
     } catch (const EndProgram& end) {

@@ -27,6 +27,7 @@ class Player {
     bool Take(const StageDataType& entry);
     void Spawn(const StageDataType& entry);
     bool Next();
+    bool InUnusedTail() const;
     void Find(const std::string& reason);
     void FindUnreached();
 
@@ -131,11 +132,15 @@ bool Player::Perform(StageDataType& entry) {
     }
 }
 
+bool Player::InUnusedTail() const {
+    return std::all_of(table_.begin() + index_, table_.end(), [](const auto& e) { return e == StageDataType{}; });
+}
+
 // False at the end of the play.
 bool Player::PlayEntry() {
-    if (index_ >= kStageEntries) {
-        --index_;
-        Find("the play runs past the last entry: it never reaches 248");
+    if (InUnusedTail()) {
+        index_ = std::min(index_, kStageEntries - 1);
+        Find("the play runs past the end of the table: it never reaches 248");
         return false;
     }
     reached_.set(static_cast<std::size_t>(index_));

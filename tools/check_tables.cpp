@@ -105,7 +105,7 @@ void Checker::CheckPattern(int number) {
     const std::string where = std::string(kMoveTable.file) + ": pattern " + std::to_string(number);
     CheckPatternEnd(where, number);
     if (!run.startsWithMove) Find(where + ", step 0", "no move step: the enemy first shows the frame of another one");
-    if (unreached.any()) Find(where, "steps " + RangesOf(unreached) + ": never reached");
+    if (unreached.any()) Find(where + ", steps " + RangesOf(unreached), "never reached");
 }
 
 void Checker::CheckStages() {

@@ -129,6 +129,10 @@ int LuaScript::Load(const std::string& name) {
         lua_pushfstring(state_, "%s: %s", name.c_str(), file.reason.c_str());
         return LUA_ERRFILE;
     }
+    if (!file.bytes.empty() && file.bytes[0] == LUA_SIGNATURE[0]) {
+        lua_pushfstring(state_, "%s: compiled code, not text", name.c_str());
+        return LUA_ERRSYNTAX;
+    }
     const char* text = reinterpret_cast<const char*>(file.bytes.data());
     return luaL_loadbufferx(state_, text, file.bytes.size(), ("@" + name).c_str(), "t");
 }

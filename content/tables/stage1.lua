@@ -1,85 +1,98 @@
--- Stage 1. The patrol line: scouts in ranks, learnt one by one.
+-- Stage 1. The patrol line: an enemy in good order. Ranks, columns and wedges, mirrored left and right; each new machine
+-- shows itself alone before it comes in line.
 include "waves.lua"
 
-wait(seconds(5)) -- the banner
+wait(seconds(2.5)) -- the banner
 
--- Darts alone, then in ranks.
-stream("dart", 3, 160, 16)
+-- Scouts ------------------------------------------------------------------------------------------------------------
+
+introduce("dart", 160)
+stairs("dart", 5, 60, 50, 7)
+wait(48)
+stairs("dart", 5, 260, -50, 7)
+wait(52)
+vee("dart", 2, 160, 50, 7)
+
+introduce("wasp", 160)
+zip("wasp", 6, 90, 230, 14)
 wait(70)
-stairs("dart", 5, 60, 50, 8)
-wait(60)
-stairs("dart", 5, 260, -50, 8)
-wait(65)
-vee("dart", 2, 160, 50, 8)
-wait(70)
+stream("dart", 4, 40, 9)
+stream("dart", 4, 280, 9)
 
--- The wasp: it weaves and shoots.
-spawn("wasp", 160)
-wait(60)
-zip("wasp", 6, 80, 240, 18)
-wait(110)
+introduce("disc", 40)
+stream("disc", 5, 40, 9)
+wait(52)
+stream("disc_l", 5, 280, 9)
+wait(40)
+stream("dart", 4, 160, 12)
 
--- The disc: in at one side, out at the other.
-spawn("disc", 40)
-wait(60)
-stream("disc", 5, 40, 10)
-wait(70)
-stream("disc_l", 5, 280, 10)
-stream("dart", 3, 160, 20)
-wait(80)
-both("disc", "disc_l", 4, 30, 12)
-wait(100)
+-- Fighters ----------------------------------------------------------------------------------------------------------
 
--- The talon stops and aims.
-spawn("talon", 160)
-wait(75)
-row("talon", 2, 160, 160)
-stream("dart", 4, 160, 14)
-wait(90)
+introduce("talon", 160)
+row("talon", 2, 160, 150)
+wait(30)
+zip("wasp", 4, 120, 200, 12)
+wait(40)
 
--- Swoops.
-spawn("sickle", 60)
-wait(60)
-stream("sickle", 4, 50, 12)
-wait(60)
-stream("sickle_l", 4, 270, 12)
-wait(80)
+introduce("sickle", 60)
+both("sickle", "sickle_l", 3, 50, 12)
+wait(64)
+row("talon", 3, 160, 100)
+stream("dart", 5, 160, 10)
+wait(52)
 
--- The spike drifts and bursts.
-spawn("spike", 160)
-wait(80)
-row("spike", 2, 160, 180)
-zip("wasp", 6, 100, 220, 14)
-wait(100)
+introduce("kite", -16, 70)
+from_left("kite", 3, 70, 16)
+from_right("kite_l", 3, 110, 16)
+wait(64)
 
--- The kite crosses.
-from_left("kite", 1, 70)
-wait(60)
-from_left("kite", 3, 70, 18)
-from_right("kite_l", 3, 110, 18)
-wait(100)
-
--- Formations that split.
-both("fang", "fang_r", 1, 144, 10)
-wait(60)
+introduce("fang", 144)
 both("fang", "fang_r", 4, 144, 9)
-wait(80)
+wait(56)
 
--- The beetle, then everything.
-spawn("beetle", 160)
-wait(110)
-row("talon", 2, 160, 200)
-stream("dart", 6, 160, 10)
+-- Heavier ones ------------------------------------------------------------------------------------------------------
+
+introduce("spike", 160)
+row("spike", 2, 160, 190)
+zip("wasp", 4, 130, 190, 16)
+wait(70)
+
+introduce("dome", 110)
+row("dome", 2, 190, 120)
+wait(30)
+both("disc", "disc_l", 4, 30, 10)
 wait(60)
-both("disc", "disc_l", 5, 30, 10)
+
+introduce("manta", 160)
+row("manta", 2, 160, 60)
+wait(26)
+stream("dart", 6, 160, 9)
+wait(56)
+
+introduce("cross", 160)
+row("cross", 3, 160, 90)
 wait(60)
-row("beetle", 2, 160, 150)
-zip("wasp", 8, 60, 260, 12)
-wait(110)
+
+introduce("beetle", 160, nil, 70)
+
+-- The line closes up ------------------------------------------------------------------------------------------------
+
+row("talon", 2, 160, 220)
 vee("dart", 3, 160, 44, 6)
-both("sickle", "sickle_l", 4, 40, 12)
-wait(100)
+wait(50)
+both("sickle", "sickle_l", 3, 40, 12)
+wait(50)
+row("beetle", 2, 160, 160)
+wait(40)
+both("fang", "fang_r", 4, 144, 9)
+wait(46)
+both("disc", "disc_l", 5, 30, 10)
+row("manta", 2, 160, 80)
+wait(70)
+row("cross", 3, 160, 90)
+zip("wasp", 6, 60, 260, 10)
+rest()
 
-wait(seconds(4)) -- breather
-boss("pincer", nil, nil, nil, true)
+wait(seconds(4.5)) -- breather: about two seconds of it are empty
+boss "pincer"
 clear()

@@ -1,18 +1,87 @@
--- Stage 3. The fleet.
+-- Stage 3. The fleet: great ships with escorts, and aces from every side, also from behind.
 include "waves.lua"
 
-wait(seconds(5))
-from_left("crab", 1, 30)
-wait(130)
-spawn("lance", 30, HEIGHT)
+wait(seconds(2.5)) -- the banner
+
+-- The screen of the fleet -------------------------------------------------------------------------------------------
+
+introduce("wasp_ace", 60, HEIGHT)
+stream("wasp_ace", 3, 60, 14, HEIGHT)
+stream("wasp_ace", 3, 260, 14, HEIGHT)
+wait(60)
+
+introduce("talon_ace", 110)
+row("talon_ace", 2, 130, 150)
+wait(40)
+vee("dart", 3, 160, 44, 6)
+wait(46)
+
+introduce("lance", 30, HEIGHT)
+both("lance", "lance_r", 2, 30, 24, HEIGHT)
+wait(70)
+
+introduce("manta_ace", 70)
+stream("manta_ace", 3, 70, 26)
 wait(90)
-spawn("iris", 160)
-wait(110)
-spawn("hive", 160)
-wait(200)
-spawn("fort", 160)
-wait(seconds(12))
-boss("avenger")
-wait(seconds(4))
-boss("dreadnought", nil, nil, nil, true, true)
+
+-- Gun ships ---------------------------------------------------------------------------------------------------------
+
+introduce("iris", 160)
+row("iris", 2, 160, 170)
+wait(44)
+both("sickle", "sickle_l", 3, 40, 10)
+wait(56)
+
+introduce("crab", -24, 30)
+from_left("crab", 2, 30, 40)
+wait(36)
+stream("needle", 5, 160, 10)
+wait(60)
+
+introduce("barge", 160, nil, 70)
+row("talon", 2, 160, 240)
+wait(40)
+both("disc", "disc_l", 5, 30, 9)
+wait(56)
+
+introduce("hive", 100, nil, 60)
+both("fang", "fang_r", 4, 144, 8)
+wait(60)
+stream("halberd", 3, 240, 14)
+wait(50)
+
+-- The flag ships ----------------------------------------------------------------------------------------------------
+
+introduce("fort", 160, nil, 90)
+both("lance", "lance_r", 1, 30, 0, HEIGHT)
+wait(60)
+zip("wasp", 6, 60, 260, 10)
+wait(80)
+
+introduce("citadel", 160, nil, 100)
+row("moth", 2, 160, 200)
+wait(60)
+row("talon_ace", 2, 130, 200)
+wait(80)
+
+-- Everything that still flies ---------------------------------------------------------------------------------------
+
+row("barge", 2, 160, 170)
+wait(50)
+stream("wasp_ace", 4, 160, 10, HEIGHT)
+wait(50)
+row("iris", 2, 160, 220)
+both("fang", "fang_r", 4, 144, 8)
+wait(60)
+stream("manta_ace", 2, 70, 26)
+both("sickle", "sickle_l", 4, 40, 9)
+wait(60)
+both("lance", "lance_r", 2, 30, 24, HEIGHT)
+row("cross", 3, 160, 90)
+rest()
+
+wait(seconds(4.5)) -- breather
+first_boss "avenger"
+wait(seconds(3))
+last_boss "dreadnought"
 clear()

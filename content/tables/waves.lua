@@ -57,6 +57,14 @@ function spawn(name, x, y, later, hp)
     }
 end
 
+-- A new kind, by itself: what came before has entered a while ago, and the next comes a while later.
+function introduce(name, x, y, after)
+    rest()
+    wait(38)
+    spawn(name, x, y)
+    wait(after or 44)
+end
+
 -- One after another from the same place.
 function stream(name, n, x, gap, y)
     for i = 0, n - 1 do spawn(name, x, y, i * (gap or 0)) end
@@ -92,6 +100,14 @@ function both(left, right, n, x, gap, y)
     stream(right, n, WIDTH - x, gap, y)
 end
 
+-- A barrier across the field with one gap about `gap_x`, wide enough for the ship.
+function wall(name, gap_x)
+    local step = kind_of(name).w + 4
+    for x = step // 2, WIDTH - step // 2, step do
+        if math.abs(x - gap_x) > 44 then spawn(name, x) end
+    end
+end
+
 -- From anywhere.
 function rain(name, n, gap)
     for i = 0, n - 1 do spawn(name, RANDOM, nil, i * (gap or 0)) end
@@ -105,12 +121,20 @@ function from_right(name, n, y, gap)
     for i = 0, n - 1 do spawn(name, WIDTH + kind_of(name).w // 2, y, i * (gap or 0)) end
 end
 
--- Boss music, the boss, and the wait for its end. `stop`: the music ends with it.
-function boss(name, hp, x, y, stop, silent)
-    if not silent then command "boss_entry" end
-    spawn(name, x or WIDTH / 2, y, 20, hp)
+-- Boss music, the boss, and the wait for its end, with which the music ends.
+function boss(name)
+    command "boss_entry"
+    last_boss(name, "boss_wait_stop")
+end
+-- A boss with another one to follow, under the same music.
+function first_boss(name)
+    command "boss_entry"
+    last_boss(name, "boss_wait")
+end
+function last_boss(name, command_after)
+    spawn(name, WIDTH / 2, nil, 20)
     wait(20)
-    command(stop and "boss_wait_stop" or "boss_wait")
+    command(command_after or "boss_wait_stop")
 end
 
 -- The end of a stage: the smoke clears, the clear music is heard, the next stage comes.

@@ -134,7 +134,7 @@ void StartStage(const FirstStage& stage) {
 }  // namespace
 
 void CentreShip() {
-    game.MyX = static_cast<Integer>((MainForm.Crt.Width - 64) / 2);
+    game.MyX = static_cast<Integer>(std::floor((MainForm.Crt.Width - 64) / 2.0));
     game.MyY = static_cast<Integer>(MainForm.Crt.Height - 58);
 }
 

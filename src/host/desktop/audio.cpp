@@ -12,6 +12,7 @@
 
 #include "host/desktop/audio_setup.h"
 #include "host/desktop/effects.h"
+#include "host/desktop/loudness.h"
 #include "host/desktop/music_deck.h"
 #include "host/files.h"
 
@@ -42,9 +43,18 @@ std::string Audio::SoundFontPath() {
 // Null: silence. Left alone at exit when StopAudio was not called: the device's thread may still be using it.
 Audio* audio = nullptr;
 
+// Peaks are bent towards the music's share instead of being cut off; below the knee, where music is nearly all the
+// time, nothing changes.
+float BendPeak(float level) {
+    constexpr float kKnee = 0.36F;
+    constexpr float kRoom = kMusicPeak - kKnee;
+    const float over = std::abs(level) - kKnee;
+    return over <= 0 ? level : std::copysign(kKnee + kRoom * (1.0F - std::exp(-over / kRoom)), level);
+}
+
 std::int16_t ToSample(float level) {
     constexpr float kFull = 32767.0F;
-    return static_cast<std::int16_t>(std::lround(std::clamp(level, -1.0F, 1.0F) * kFull));
+    return static_cast<std::int16_t>(std::lround(BendPeak(level) * kFull));
 }
 
 // On the thread of the sound device; `stream` is 16-bit stereo.

@@ -1,14 +1,17 @@
 #include "host/desktop/effects.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <string>
 #include <string_view>
 
+#include "host/desktop/loudness.h"
 #include "host/files.h"
 
 namespace {
 
 constexpr int kVoice = 0;
-constexpr int kVolume = MIX_MAX_VOLUME;
+constexpr int kVolume = 85;  // of 128; keeps the balance with the music that the waves are made for
 
 constexpr std::size_t kLargestWave = 2u << 20;  // bytes; larger ones take longer than a frame to convert
 constexpr std::size_t kMostSounds = 8;          // a game has two; an author who tries out waves leaves old ones behind
@@ -22,6 +25,22 @@ bool LooksLikeWave(std::span<const std::uint8_t> wave) {
     return wave.size() <= kLargestWave && HasTag(wave, 0, "RIFF") && HasTag(wave, 8, "WAVE");
 }
 
+// 0..1. The device's format is 16-bit, and so is a chunk's.
+float PeakOf(const Mix_Chunk& chunk) {
+    constexpr float kFull = 32768.0F;
+    const std::span samples(reinterpret_cast<const std::int16_t*>(chunk.abuf), chunk.alen / sizeof(std::int16_t));
+    int peak = 0;
+    for (const int sample : samples) peak = std::max(peak, std::abs(sample));
+    return static_cast<float>(peak) / kFull;
+}
+
+// A wave that is too loud for the effect's share is turned down.
+void SetVolume(Mix_Chunk& chunk) {
+    const float peak = PeakOf(chunk);
+    const float loudest = peak > 0 ? kEffectPeak / peak : 1.0F;
+    Mix_VolumeChunk(&chunk, std::min(kVolume, static_cast<int>(loudest * MIX_MAX_VOLUME)));
+}
+
 // The mixer knows other formats too and would take them.
 Mix_Chunk* Decode(std::span<const std::uint8_t> wave) {
     constexpr int kCloseStream = 1;
@@ -29,6 +48,7 @@ Mix_Chunk* Decode(std::span<const std::uint8_t> wave) {
     if (LooksLikeWave(wave)) {
         chunk = Mix_LoadWAV_RW(SDL_RWFromConstMem(wave.data(), static_cast<int>(wave.size())), kCloseStream);
     }
+    if (chunk) SetVolume(*chunk);
     // A lone byte stands for a missing file, which is reported where it is read.
     if (!chunk && wave.size() > 1) LogLine("effect of " + std::to_string(wave.size()) + " bytes: cannot be played");
     return chunk;
@@ -38,7 +58,6 @@ Mix_Chunk* Decode(std::span<const std::uint8_t> wave) {
 
 Effects::Effects() {
     Mix_AllocateChannels(1);
-    Mix_Volume(kVoice, kVolume);
 }
 
 Effects::~Effects() {

@@ -96,8 +96,8 @@ void MusicDeck::TakeOff() {
 
 void MusicDeck::Render(std::span<float> stereo) {
     constexpr std::size_t kBlock = 2 * kBlockFrames;
-    const std::lock_guard lock(mutex_);
     while (!stereo.empty()) {
+        const std::lock_guard lock(mutex_);  // anew for each block, so that the game never waits for a whole buffer
         const auto block = stereo.first(std::min(kBlock, stereo.size()));
         RenderBlock(block);
         stereo = stereo.subspan(block.size());

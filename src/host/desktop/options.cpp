@@ -14,6 +14,11 @@ bool ReadFolder(Options& options, std::string_view value) {
     return !value.empty();
 }
 
+bool ReadSoundFont(Options& options, std::string_view value) {
+    options.soundFont = value;
+    return !value.empty();
+}
+
 bool ReadAuthor(Options& options, std::string_view) { return options.author = true; }
 
 bool ReadSeed(Options& options, std::string_view value) {
@@ -37,6 +42,7 @@ constexpr OptionRow kOptions[] = {
     {"--folder", "DIR", ReadFolder, "use the tables, sounds and best scores in DIR"},
     {"--author", "", ReadAuthor, "switch on the editors and the invincible mode"},
     {"--seed", "N", ReadSeed, "start every game from the random seed N (0 to 2^64 - 1)"},
+    {"--soundfont", "FILE", ReadSoundFont, "play the music with the SoundFont FILE"},
     {"--help", "", ReadHelp, "print this text and exit"},
     {"--version", "", ReadVersion, "print the version and exit"},
 };
@@ -78,13 +84,13 @@ Options ParseOptions(const std::vector<std::string_view>& arguments) {
         const OptionRow* row = FindOption(argument.name);
         if (row && !row->value.empty() && !argument.value && i + 1 < arguments.size()) argument.value = arguments[++i];
         const std::string_view problem = Take(row, argument, options);
-        if (!problem.empty()) options.error.append(arguments[i]).append(": ").append(problem);
+        if (!problem.empty()) options.error.append(argument.name).append(": ").append(problem);
     }
     return options;
 }
 
 std::string HelpText() {
-    constexpr std::size_t kHelpColumn = 18; // wider than every option with its value
+    constexpr std::size_t kHelpColumn = 22; // wider than every option with its value
     std::string text = "Usage: tarnveil [OPTION]...\nA vertically scrolling shooting game.\n\n";
     for (const OptionRow& row : kOptions) {
         std::string line = "  ";

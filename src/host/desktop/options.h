@@ -13,6 +13,7 @@ struct Options {
     std::string folder;     // --folder; empty: not given
     bool author = false;    // --author
     std::optional<std::uint64_t> seed;
+    std::string soundFont;  // --soundfont; empty: not given
     bool help = false;
     bool version = false;
     std::string error;      // what is wrong with the line; empty: nothing

@@ -1,0 +1,36 @@
+// hostile_games [--frames N]: plays random hostile games until N frames are played. Prints where games ended; fails when
+// a frame takes far longer than a frame may.
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "hostile.h"
+
+int main(int argc, char** argv) {
+    const long wanted = argc == 3 && std::string(argv[1]) == "--frames" ? std::atol(argv[2]) : 20000;
+    constexpr int kFramesPerGame = 600;
+    constexpr double kLongestFrame = 1.0; // seconds, sanitizers included
+    const std::string folder = MakeHostileFolder();
+    long frames = 0;
+    int games = 0, refused = 0;
+    double slowest = 0;
+    while (frames < wanted) {
+        const std::string name = "game " + std::to_string(games);
+        const HostileReport report =
+            PlayHostileGame({reinterpret_cast<const std::uint8_t*>(name.data()), name.size()}, folder, kFramesPerGame);
+        frames += report.frames;
+        ++games;
+        if (!report.ended) ++refused;
+        if (report.slowestFrame > slowest) slowest = report.slowestFrame;
+        if (report.slowestFrame > kLongestFrame) {
+            std::printf("%s: a frame took %.2f s\n", name.c_str(), report.slowestFrame);
+            return 1;
+        }
+    }
+    std::filesystem::remove_all(folder);
+    std::printf("%d games, %ld frames, %d refused for their files, slowest frame %.1f ms\n", games, frames, refused,
+                slowest * 1000);
+    return 0;
+}
