@@ -226,7 +226,7 @@ std::string VerifyRecording(const Recording& recording, bool anyData, SimReport&
     report.score = game.Score;
     report.seconds = ProcessorSeconds() - start;
     StopReplay();
-    if (!report.error.empty()) return report.error;
     if (result.state == ReplayState::finished) return {};
+    if (result.message.empty()) return report.error;
     return "frame " + std::to_string(result.frame) + ": " + result.message;
 }

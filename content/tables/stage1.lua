@@ -2,7 +2,7 @@
 -- shows itself alone before it comes in line.
 include "waves.lua"
 
-wait(seconds(2.5)) -- the banner
+wait(seconds(1.5)) -- the banner
 
 -- Scouts ------------------------------------------------------------------------------------------------------------
 

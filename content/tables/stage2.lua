@@ -2,7 +2,7 @@
 -- and hunters wait behind the walls.
 include "waves.lua"
 
-wait(seconds(2.5)) -- the banner
+wait(seconds(1.5)) -- the banner
 
 -- First mines -------------------------------------------------------------------------------------------------------
 

@@ -1,7 +1,7 @@
 -- Stage 3. The fleet: great ships with escorts, and aces from every side, also from behind.
 include "waves.lua"
 
-wait(seconds(2.5)) -- the banner
+wait(seconds(1.5)) -- the banner
 
 -- The screen of the fleet -------------------------------------------------------------------------------------------
 

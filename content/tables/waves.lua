@@ -60,9 +60,9 @@ end
 -- A new kind, by itself: what came before has entered a while ago, and the next comes a while later.
 function introduce(name, x, y, after)
     rest()
-    wait(38)
+    wait(36)
     spawn(name, x, y)
-    wait(after or 44)
+    wait(after or 40)
 end
 
 -- One after another from the same place.

@@ -38,13 +38,17 @@ void GameStarted(std::uint64_t) {
     result.state = ReplayState::playing;
 }
 
+constexpr std::size_t kLongestValues = 600; // of a group, in messages
+
 std::string DescribeDifference(const FrameDigest& digest, const FrameDigest& wanted) {
     std::string text;
     for (int i = 0; i < kStateGroups; ++i) {
         const auto index = static_cast<std::size_t>(i);
         if (digest[index] == wanted[index]) continue;
         const auto group = static_cast<StateGroup>(i);
-        text += std::string(text.empty() ? "" : "\n") + GroupName(group) + ": now " + DescribeGroup(game, group);
+        std::string values = DescribeGroup(game, group);
+        if (values.size() > kLongestValues) values = values.substr(0, kLongestValues) + " ...";
+        text += std::string(text.empty() ? "" : "\n") + GroupName(group) + ": now " + values;
     }
     return text;
 }

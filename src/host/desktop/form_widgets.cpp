@@ -23,13 +23,32 @@ QString PlainCaption(const Control& control) {
     return QString::fromStdString(control.Caption).replace(QStringLiteral("&&"), QStringLiteral("&"));
 }
 
-// A text longer than the label's box shows whole: the box grows away from the edge the text stands at.
-void FitLabel(QLabel& label, const Control& control) {
+// How far to the right a label may reach: to the next control on its line or the edge of its container.
+int RightLimit(const QLabel& label, const QRect& place) {
+    constexpr int kTouching = 2; // neighbours whose places overlap by a pixel are neighbours all the same
+    int limit = label.parentWidget()->width();
+    for (const QWidget* other : label.parentWidget()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        const QRect box = other->geometry();
+        const bool onTheLine = box.top() <= place.bottom() && box.bottom() >= place.top();
+        if (other != &label && onTheLine && box.left() > place.right() - kTouching) limit = std::min(limit, box.left());
+    }
+    return limit;
+}
+
+// A text longer than the label's place shows whole where there is room: the box grows away from the edge the text
+// stands at. Where there is none, it ends in dots and is whole in the tool tip.
+void SyncLabel(QLabel& label, const Control& control) {
+    const QString text = PlainCaption(control);
     QRect box = RectOf(control.At);
-    const QSize text = label.sizeHint();
-    const int width = std::max(box.width(), text.width()), height = std::max(box.height(), text.height());
-    if (control.RightAligned) box.setLeft(box.right() + 1 - width);
-    box.setSize({width, height});
+    const int wanted = std::max(box.width(), label.fontMetrics().horizontalAdvance(text));
+    if (control.RightAligned) {
+        box.setLeft(box.right() + 1 - wanted);
+    } else {
+        box.setWidth(std::min(wanted, std::max(box.width(), RightLimit(label, box) - box.left())));
+    }
+    label.setText(label.fontMetrics().elidedText(text, Qt::ElideRight, box.width()));
+    label.setToolTip(label.text() == text ? QString() : text);
+    box.setHeight(std::max(box.height(), label.sizeHint().height()));
     label.setGeometry(box);
 }
 
@@ -37,7 +56,6 @@ QWidget* MakeLabel(const Control& control, QWidget* parent) {
     auto* label = new QLabel(parent);
     label->setTextFormat(Qt::PlainText);
     label->setAlignment(Qt::AlignTop | (control.RightAligned ? Qt::AlignRight : Qt::AlignLeft));
-    label->setAttribute(Qt::WA_TransparentForMouseEvents);
     return label;
 }
 
@@ -130,8 +148,7 @@ QWidget* MakeWidget(const Control& control, QWidget* parent) {
 void SyncWidget(QWidget& widget, const Control& control) {
     const QSignalBlocker quiet(&widget);
     if (auto* label = qobject_cast<QLabel*>(&widget)) {
-        label->setText(PlainCaption(control));
-        FitLabel(*label, control);
+        SyncLabel(*label, control);
     } else if (auto* field = qobject_cast<QLineEdit*>(&widget)) {
         const QString text = QString::fromStdString(control.Text);
         if (field->text() != text) field->setText(text);

@@ -1,0 +1,43 @@
+#include "desktop_test.h"
+
+#include "platform/events.h"
+#include "platform/input_state.h"
+#include "shell/state.h"
+
+DesktopTest::DesktopTest() {
+    game = GameState{};
+    MainForm = MainFormType{};
+    game.ScreenW = 320;
+    game.ScreenH = 480;
+    ResetInputState();
+    SetEventTap(nullptr);
+    LoadMainForm();
+    ShowMainForm();
+    Pump();
+}
+
+DesktopTest::~DesktopTest() {
+    desktop::TheHost().window.reset();
+    desktop::TheHost().events.clear();
+}
+
+std::vector<InputEvent> DesktopTest::Pump() {
+    std::vector<InputEvent> events;
+    PumpHost(events);
+    return WithoutJoysticks(events);
+}
+
+void DesktopTest::Later(int ms, std::function<void()> step) { QTimer::singleShot(ms, std::move(step)); }
+
+std::vector<InputEvent> WithoutJoysticks(std::vector<InputEvent> events) {
+    std::erase_if(events, [](const InputEvent& event) {
+        return event.kind == InputEvent::Kind::joystick || event.kind == InputEvent::Kind::joystickOff;
+    });
+    return events;
+}
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    desktop::Host host(argc, argv);
+    return RUN_ALL_TESTS();
+}
