@@ -33,7 +33,8 @@ add_library(tarnveil_desktop OBJECT
   ${desktop}/options.cpp ${desktop}/program_folder.cpp ${desktop}/desktop.cpp ${desktop}/look.cpp
   ${desktop}/placing.cpp ${desktop}/waiting.cpp ${desktop}/key_map.cpp ${desktop}/picture_view.cpp
   ${desktop}/menu_view.cpp ${desktop}/main_window.cpp ${desktop}/joysticks.cpp ${desktop}/form_widgets.cpp
-  ${desktop}/form_window.cpp ${desktop}/window.cpp ${desktop}/clock.cpp ${desktop}/log.cpp ${audio})
+  ${desktop}/form_window.cpp ${desktop}/window.cpp ${desktop}/recorded_play.cpp
+  ${desktop}/clock.cpp ${desktop}/log.cpp ${audio})
 set_source_files_properties(${desktop}/program_folder.cpp PROPERTIES COMPILE_DEFINITIONS
                             "TARNVEIL_SOURCE_DATA=\"${CMAKE_CURRENT_SOURCE_DIR}/assets/data\"")
 target_link_libraries(tarnveil_desktop PUBLIC tarnveil_game Qt6::Widgets PkgConfig::SDL2 ${audio_libraries})

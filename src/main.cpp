@@ -8,6 +8,7 @@
 #include "host/desktop/desktop.h"
 #include "host/desktop/options.h"
 #include "host/desktop/program_folder.h"
+#include "host/desktop/recorded_play.h"
 #include "host/window.h"
 #include "platform/folder.h"
 #include "shell/main_form.h"
@@ -55,11 +56,13 @@ int Fail(const std::string& reason) {
 int Play(const desktop::Options& options) {
     try {
         ApplyOptions(options);
+        const std::string error = desktop::StartRecordedPlay(options);
+        if (!error.empty()) return Fail(error);
         const Sound sound;
         Main();
         return 0;
     } catch (const EndProgram& end) {
-        return end.status;
+        return desktop::FinishRecordedPlay(end.status);
     } catch (const std::exception& error) {
         return Fail(error.what());
     }

@@ -94,13 +94,15 @@ function mark() return next_step() end
 function again(place, times) step { DX = place, DY = times, Flag = "repeat" } end
 function for_ever(place) step { DX = place, Flag = "jump" } end
 
--- `n` still frames in two steps, and `times` shots with `gap` still frames before each in gap + 2 steps. Both are built
--- on `again`: they cannot stand between a `mark` and its `again`, only in patterns that go round `for_ever`.
-function stand(n)
+-- `n` frames of straight flight, or of standing still, in two steps; and `times` shots with `gap` still frames before
+-- each in gap + 2 steps. All are built on `again`: they cannot stand between a `mark` and its `again`, only in patterns
+-- that go round `for_ever`. Nothing that was armed goes off in them.
+function cruise(n, dx, dy)
     local place = mark()
-    hold(1)
-    again(place, n - 2)
+    fly(1, dx, dy)
+    again(place, n - 1) -- and one frame without movement, when the repeat is used up
 end
+function stand(n) cruise(n - 1, 0, 0) end
 function salvo(code, times, gap)
     local place = mark()
     hold(gap)

@@ -326,14 +326,14 @@ for_ever(place)
 -- As wide as the field: it hardly moves, its guns do. Port and starboard, bow guns, a ram with everything, mines.
 flight("dreadnought", "boss_dreadnought")
 show(0)
-ease(50, 0, 8, 0, 0)
+cruise(44, 0, 4)
+ease(12, 0, 4, 0, 0)
 place = mark()
 salvo(9, 2, 18)                -- port trails
 salvo(11, 2, 18)               -- starboard trails
 stand(24)
 show(1)                        -- bow guns
-arm(10, 10, 24, 38, 52)
-weave(60, 0, 0, 9, 30)
+salvo(10, 4, 14)
 show(0)
 stand(20)
 arm(1, 4, 8, 12, 16)

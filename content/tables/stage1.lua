@@ -15,7 +15,7 @@ vee("dart", 2, 160, 50, 7)
 
 introduce("wasp", 160)
 zip("wasp", 6, 90, 230, 14)
-wait(70)
+wait(52)
 stream("dart", 4, 40, 9)
 stream("dart", 4, 280, 9)
 
@@ -23,8 +23,7 @@ introduce("disc", 40)
 stream("disc", 5, 40, 9)
 wait(52)
 stream("disc_l", 5, 280, 9)
-wait(40)
-stream("dart", 4, 160, 12)
+wait(28)
 
 -- Fighters ----------------------------------------------------------------------------------------------------------
 
@@ -54,8 +53,7 @@ wait(56)
 
 introduce("spike", 160)
 row("spike", 2, 160, 190)
-zip("wasp", 4, 130, 190, 16)
-wait(70)
+wait(44)
 
 introduce("dome", 110)
 row("dome", 2, 190, 120)

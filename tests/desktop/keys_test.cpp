@@ -56,34 +56,34 @@ TEST(KeyMap, LeavesOtherKeysAlone) {
     for (const auto& each : cases) EXPECT_EQ(0, VirtualKeyOf(each.key)) << each.what;
 }
 
-TEST(HeldKeysTest, TwoKeysOfOneCodeCountAsOne) {
-    desktop::HeldKeys held;
+TEST(KeyboardTest, TwoKeysOfOneCodeCountAsOne) {
+    desktop::Keyboard keyboard;
     std::vector<InputEvent> events;
-    held.Press(kArrowLeft, events);
-    held.Press(kKeypadLeft, events);
-    held.Release(kArrowLeft, events);
+    keyboard.Press(kArrowLeft, events);
+    keyboard.Press(kKeypadLeft, events);
+    keyboard.Release(kArrowLeft, events);
     EXPECT_EQ((std::vector<InputEvent>{{Kind::keyDown, VK_LEFT}}), events);
-    held.Release(kKeypadLeft, events);
+    keyboard.Release(kKeypadLeft, events);
     EXPECT_EQ((InputEvent{Kind::keyUp, VK_LEFT}), events.back());
     EXPECT_EQ(2u, events.size());
 }
 
-TEST(HeldKeysTest, AKeyComesUpAsWhatItWentDown) {
-    desktop::HeldKeys held;
+TEST(KeyboardTest, AKeyComesUpAsWhatItWentDown) {
+    desktop::Keyboard keyboard;
     std::vector<InputEvent> events;
-    held.Press({'x', 53, Qt::Key_X}, events);
-    held.Release({0x00B1, 53, Qt::Key_plusminus}, events); // AltGr went down meanwhile
+    keyboard.Press({'x', 53, Qt::Key_X}, events);
+    keyboard.Release({0x00B1, 53, Qt::Key_plusminus}, events); // AltGr went down meanwhile
     EXPECT_EQ((std::vector<InputEvent>{{Kind::keyDown, VK_X}, {Kind::keyUp, VK_X}}), events);
 }
 
-TEST(HeldKeysTest, AfterTheKeyboardWasLostAReleaseIsNoNews) {
-    desktop::HeldKeys held;
+TEST(KeyboardTest, AfterTheKeyboardWasLostAReleaseIsNoNews) {
+    desktop::Keyboard keyboard;
     std::vector<InputEvent> events;
-    held.Press(kArrowLeft, events);
-    held.ReleaseAll(events);
-    held.Release(kArrowLeft, events);
+    keyboard.Press(kArrowLeft, events);
+    keyboard.ReleaseAll(events);
+    keyboard.Release(kArrowLeft, events);
     EXPECT_EQ((std::vector<InputEvent>{{Kind::keyDown, VK_LEFT}, {Kind::allKeysUp}}), events);
-    held.Press(kArrowLeft, events);
+    keyboard.Press(kArrowLeft, events);
     EXPECT_EQ((InputEvent{Kind::keyDown, VK_LEFT}), events.back());
 }
 

@@ -66,18 +66,18 @@ int VirtualKeyOf(const NativeKey& key) {
     return key.scan == kScanX ? VK_X : key.scan == kScanZ ? VK_Z : 0;
 }
 
-bool HeldKeys::IsDown(int code) const {
+bool Keyboard::IsDown(int code) const {
     return std::any_of(codes_.begin(), codes_.end(), [code](const auto& held) { return held.second == code; });
 }
 
-void HeldKeys::Press(const NativeKey& key, std::vector<InputEvent>& events) {
+void Keyboard::Press(const NativeKey& key, std::vector<InputEvent>& events) {
     const int code = VirtualKeyOf(key);
     if (code == 0) return;
     if (!IsDown(code)) events.push_back({InputEvent::Kind::keyDown, code});
     codes_[PlaceOf(key)] = code;
 }
 
-void HeldKeys::Release(const NativeKey& key, std::vector<InputEvent>& events) {
+void Keyboard::Release(const NativeKey& key, std::vector<InputEvent>& events) {
     const auto held = codes_.find(PlaceOf(key));
     if (held == codes_.end()) return;
     const int code = held->second;
@@ -85,7 +85,7 @@ void HeldKeys::Release(const NativeKey& key, std::vector<InputEvent>& events) {
     if (!IsDown(code)) events.push_back({InputEvent::Kind::keyUp, code});
 }
 
-void HeldKeys::ReleaseAll(std::vector<InputEvent>& events) {
+void Keyboard::ReleaseAll(std::vector<InputEvent>& events) {
     codes_.clear();
     events.push_back({InputEvent::Kind::allKeysUp});
 }

@@ -22,7 +22,7 @@ int VirtualKeyOf(const NativeKey& key);
 
 // Which keys are down. A key is reported up under the code it went down with, even if the layout has changed meanwhile;
 // two keys of one code (arrow and keypad arrow) count as one.
-class HeldKeys {
+class Keyboard {
   public:
     void Press(const NativeKey& key, std::vector<InputEvent>& events);
     void Release(const NativeKey& key, std::vector<InputEvent>& events);

@@ -28,6 +28,25 @@ bool ReadSeed(Options& options, std::string_view value) {
     return error == std::errc() && end == value.data() + value.size();
 }
 
+bool ReadRecord(Options& options, std::string_view value) {
+    options.record = value;
+    return !value.empty();
+}
+
+bool ReadReplay(Options& options, std::string_view value) {
+    options.replay = value;
+    return !value.empty();
+}
+
+bool ReadScreenshots(Options& options, std::string_view value) {
+    options.screenshots = value;
+    return !value.empty();
+}
+
+bool ReadAnyData(Options& options, std::string_view) { return options.anyData = true; }
+
+bool ReadFast(Options& options, std::string_view) { return options.fast = true; }
+
 bool ReadHelp(Options& options, std::string_view) { return options.help = true; }
 
 bool ReadVersion(Options& options, std::string_view) { return options.version = true; }
@@ -43,6 +62,11 @@ constexpr OptionRow kOptions[] = {
     {"--author", "", ReadAuthor, "switch on the editors and the invincible mode"},
     {"--seed", "N", ReadSeed, "start every game from the random seed N (0 to 2^64 - 1)"},
     {"--soundfont", "FILE", ReadSoundFont, "play the music with the SoundFont FILE"},
+    {"--record", "FILE", ReadRecord, "record the first game into FILE"},
+    {"--replay", "FILE", ReadReplay, "play the recorded game FILE and exit"},
+    {"--any-data", "", ReadAnyData, "replay also with other data tables than recorded with"},
+    {"--fast", "", ReadFast, "replay as fast as the machine draws"},
+    {"--screenshots", "DIR", ReadScreenshots, "leave three pictures of the replay in DIR"},
     {"--help", "", ReadHelp, "print this text and exit"},
     {"--version", "", ReadVersion, "print the version and exit"},
 };

@@ -46,15 +46,15 @@ void PictureView::paintEvent(QPaintEvent*) {
 }
 
 void PictureView::keyPressEvent(QKeyEvent* event) {
-    if (!event->isAutoRepeat()) held_.Press(KeyOf(*event), events_);
+    if (!event->isAutoRepeat()) keyboard_.Press(KeyOf(*event), events_);
 }
 
 void PictureView::keyReleaseEvent(QKeyEvent* event) {
-    if (!event->isAutoRepeat()) held_.Release(KeyOf(*event), events_);
+    if (!event->isAutoRepeat()) keyboard_.Release(KeyOf(*event), events_);
 }
 
 void PictureView::focusOutEvent(QFocusEvent* event) {
-    held_.ReleaseAll(events_);
+    keyboard_.ReleaseAll(events_);
     QWidget::focusOutEvent(event);
 }
 

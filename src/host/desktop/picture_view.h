@@ -31,7 +31,7 @@ class PictureView final : public QWidget {
 
   private:
     QImage shown_;
-    HeldKeys held_;
+    Keyboard keyboard_;
     std::vector<InputEvent>& events_;
 };
 
