@@ -180,7 +180,7 @@ TEST_F(SoundTest, AnEffectIsHeardOverTheMusicAndCutOffByTheNext) {
     OpenMidi("a.mid");
     PlayMidi(False);
     tape.RunUntilHeard();
-    PlayEffect(Tone(kFirst, 30, 0.5));
+    PlayEffect(Tone(kFirst, 10, 0.5));
     tape.Run(kSlack);
     double from = tape.Now();
     tape.Run(0.3);
@@ -242,7 +242,7 @@ TEST_F(SoundTest, EveryShippedPieceSounds) {
         MusicPlay();
         tape.Run(kSlack);
         const double from = tape.Now();
-        tape.Run(2);
+        tape.Run(1.5);
         EXPECT_EQ("playing", MusicMode()) << entry.path();
         EXPECT_GT(tape.Loudness(from, tape.Now()), 0.01) << entry.path();
     }

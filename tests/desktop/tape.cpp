@@ -18,6 +18,7 @@ constexpr double kRate = 44100;
 constexpr double kBytesPerSecond = kRate * 4;
 constexpr double kBufferMs = 1000 * 1024 / kRate;
 constexpr double kMoment = 0.03;  // seconds; long enough to tell the pitches of neighbouring notes above 440 Hz
+constexpr double kShortest = 1.5 * kMoment;  // of a note; the moment in which one begins may seem another pitch
 constexpr double kSilence = 0.003;
 
 double Level(const std::vector<float>& samples, double hertz) {
@@ -48,6 +49,17 @@ int PitchOf(const std::vector<float>& samples) {
         most = std::max(most, level);
     }
     return best;
+}
+
+// A single moment between two notes belongs to the second.
+void JoinMoments(std::vector<HeardNote>& notes) {
+    for (std::size_t i = notes.size(); i-- > 1;) {
+        HeardNote& moment = notes[i - 1];
+        if (moment.key == 0 || moment.seconds > kShortest) continue;
+        notes[i].start = moment.start;
+        notes[i].seconds += moment.seconds;
+        notes.erase(notes.begin() + static_cast<std::ptrdiff_t>(i) - 1);
+    }
 }
 
 }  // namespace
@@ -86,7 +98,7 @@ double Tape::RunUntilHeard() const {
     while (Now() < from + kPatience) {
         Run(kStep);
         for (const HeardNote& note : Notes(from)) {
-            if (note.key != 0) return note.start;
+            if (note.key != 0 && note.seconds > kShortest) return note.start;
         }
         if (testing::Test::HasFatalFailure()) break;
     }
@@ -135,6 +147,7 @@ std::vector<HeardNote> Tape::Notes(double from) const {
         if (notes.empty() || notes.back().key != key) notes.push_back({key, at, 0});
         notes.back().seconds += kMoment;
     }
+    JoinMoments(notes);
     return notes;
 }
 
