@@ -107,7 +107,7 @@ TEST_F(CombatTest, ARepeatOfZeroTimesStandsStillForAFrame) {
 TEST_F(CombatTest, AnInnerRepeatUsesTheCountOfTheOuterOne) {
     Script(0, {{1, 0, 0, 0}, {0, 9, 0, 254}, {0, 2, 0, 254}, {50, 0, 0, 0}});
     EnemyType& enemy = PutEnemy(0, 0, 0, 0);
-    enemy.Step = 2; // the outer one starts counting two
+    enemy.Step = 2;  // the outer one starts counting two
     Walk(2);
     EXPECT_EQ(0, enemy.LoopCount);
     EXPECT_EQ(1, enemy.Looping) << "the inner one has taken the second of them";
@@ -131,7 +131,8 @@ TEST_F(CombatTest, EnemiesAreDrawnMaskThenPaintFromTheirSheet) {
     game.EnemyData[5] = {100, 60, 20, 10, 0, 0, 0};
     game.EnemyData[37] = {3, 4, 20, 10, 0, 0, 0};
     game.EnemyData[41] = game.EnemyData[5];
-    for (std::size_t i = 0; i < MainForm.EnemyPic.image.size(); ++i) MainForm.EnemyPic.image[i] = static_cast<Color>(i * 977) & 0xFFFFFF;
+    for (std::size_t i = 0; i < MainForm.EnemyPic.image.size(); ++i)
+        MainForm.EnemyPic.image[i] = static_cast<Color>(i * 977) & 0xFFFFFF;
     for (const auto& [kind, drawn] : {std::pair{5, true}, {37, false}, {41, false}}) {
         for (Color& pixel : MainForm.Crt.image) pixel = 0x345678;
         PutEnemy(0, static_cast<Byte>(kind), -3.5F, 7.9F);
@@ -142,7 +143,7 @@ TEST_F(CombatTest, EnemiesAreDrawnMaskThenPaintFromTheirSheet) {
             BitBlt(wanted, -4, 7, 20, 10, MainForm.EnemyPic, 140, 70, SRCAND);
             BitBlt(wanted, -4, 7, 20, 10, MainForm.EnemyPic, 140, 60, SRCPAINT);
         }
-        EXPECT_EQ(wanted.image, MainForm.Crt.image) << kind; // no boss picture is loaded
+        EXPECT_EQ(wanted.image, MainForm.Crt.image) << kind;  // no boss picture is loaded
     }
 }
 
@@ -166,15 +167,18 @@ TEST_F(CombatTest, DataOutsideTheTablesEndsTheEnemy) {
 TEST_F(CombatTest, FixedFireCodesPutTheirShotsAtTheirPlaces) {
     struct Born {
         Byte code, kind;
-        int shots, number; // the shot looked at
+        int shots, number;  // the shot looked at
         Single x, y, vx, vy;
         bool trail;
     };
     game.EnemyData[0] = {0, 0, 25, 51, 0, 0, 0};
     game.Level = 5;
-    for (const Born& b : {Born{2, 2, 1, 0, 108.5F, 241, 0, 14.5F, false}, {8, 8, 5, 1, 88.5F, 221, -4, 20, false},
-                          {8, 7, 5, 4, 222, 251, 0, 6, true}, {9, 7, 2, 0, 130, 226, 0, 8, true},
-                          {9, 7, 2, 1, 145, 226, 0, 8, true}, {10, 10, 3, 2, 122.5F, 201, 3, 16, false},
+    for (const Born& b : {Born{2, 2, 1, 0, 108.5F, 241, 0, 14.5F, false},
+                          {8, 8, 5, 1, 88.5F, 221, -4, 20, false},
+                          {8, 7, 5, 4, 222, 251, 0, 6, true},
+                          {9, 7, 2, 0, 130, 226, 0, 8, true},
+                          {9, 7, 2, 1, 145, 226, 0, 8, true},
+                          {10, 10, 3, 2, 122.5F, 201, 3, 16, false},
                           {11, 7, 2, 1, 270, 226, 0, 8, true}}) {
         for (EneShotType& shot : game.EneShot) shot = {};
         PutEnemy(0, 0, 100, 200);
@@ -206,7 +210,7 @@ TEST_F(CombatTest, RingsFollowTheDirectionTableAndLoseTheirLastShots) {
     game.EneShot[20].Used = 0;
     SetEneShot(0, 4);
     EXPECT_EQ(0, game.EneShot[20].Count);
-    SetEneShot(0, 4); // all slots in use: nothing, and no retry
+    SetEneShot(0, 4);  // all slots in use: nothing, and no retry
     EXPECT_EQ(41, ShotsInFlight());
 }
 
@@ -245,7 +249,7 @@ TEST_F(CombatTest, ABouncingShotLeavesAtItsFifthContact) {
         lastVx = shot.VX;
     }
     EXPECT_EQ(5, contacts);
-    PutShot(0, 4, 100, -40, 0, -1); // from above the edge: a contact on every frame
+    PutShot(0, 4, 100, -40, 0, -1);  // from above the edge: a contact on every frame
     for (int i = 0; i < 4; ++i) MoveEneShot();
     EXPECT_EQ(1, game.EneShot[0].Used);
     MoveEneShot();
@@ -254,7 +258,7 @@ TEST_F(CombatTest, ABouncingShotLeavesAtItsFifthContact) {
 
 TEST_F(CombatTest, AHomingShotTurnsEveryFiveFramesTwentyTimes) {
     game.MyX = 100, game.MyY = 200;
-    MainForm.Menu003.Checked = true; // so that it is not stopped by the ship
+    MainForm.Menu003.Checked = true;  // so that it is not stopped by the ship
     EneShotType& shot = PutShot(0, 6, 10, 10, 1, 0);
     int turns = 0;
     for (int frame = 1; frame <= 130 && shot.Used; ++frame) {
@@ -302,14 +306,21 @@ TEST_F(CombatTest, ShotsAreDrawnBeforeTheyMoveAndCountersStopAt255) {
 }
 
 TEST_F(CombatTest, TheHitBoxIsOpenOnAllSides) {
-    game.MyX = 100, game.MyY = 200; // 116..148, 224..242
+    game.MyX = 100, game.MyY = 200;  // 116..148, 224..242
     struct Case {
         Single x, y, w, h;
         Integer hit;
     };
-    for (const Case& c : {Case{108, 230, 8, 8, 0}, {108.01F, 230, 8, 8, 1}, {148, 230, 8, 8, 0}, {147.9F, 230, 8, 8, 1},
-                          {120, 216, 8, 8, 0}, {120, 216.1F, 8, 8, 1}, {120, 242, 8, 8, 0}, {120, 241.9F, 8, 8, 1},
-                          {116, 230, 0, 0, 0}, {116.1F, 230, 0, 0, 1}}) {
+    for (const Case& c : {Case{108, 230, 8, 8, 0},
+                          {108.01F, 230, 8, 8, 1},
+                          {148, 230, 8, 8, 0},
+                          {147.9F, 230, 8, 8, 1},
+                          {120, 216, 8, 8, 0},
+                          {120, 216.1F, 8, 8, 1},
+                          {120, 242, 8, 8, 0},
+                          {120, 241.9F, 8, 8, 1},
+                          {116, 230, 0, 0, 0},
+                          {116.1F, 230, 0, 0, 1}}) {
         EXPECT_EQ(c.hit, HitMyShip(c.x, c.y, c.w, c.h)) << c.x << ' ' << c.y;
     }
 }
@@ -320,7 +331,9 @@ TEST_F(CombatTest, TheShipDiesWithTheTenthHitAndWithThe26thOnEasy) {
         Integer stage;
         int dead, red;
     };
-    for (const Case& c : {Case{MENU102_Click, 1, 10, 6}, {MENU103_Click, 1, 10, 6}, {MENU101_Click, 1, 26, 16},
+    for (const Case& c : {Case{MENU102_Click, 1, 10, 6},
+                          {MENU103_Click, 1, 10, 6},
+                          {MENU101_Click, 1, 26, 16},
                           {MENU103_Click, 0, 26, 16}}) {
         c.level();
         game.StageNo = c.stage;
@@ -345,7 +358,7 @@ TEST_F(CombatTest, AHitFlashesRedYieldsOnceAndStandsStill) {
     int red = 0;
     host.onYield = [&] {
         red += static_cast<int>(std::count(MainForm.Crt.image.begin(), MainForm.Crt.image.end(), kRed));
-        headless::ClickMenuItem("Menu004"); // a menu command in the middle of the frame
+        headless::ClickMenuItem("Menu004");  // a menu command in the middle of the frame
     };
     const auto start = host.now;
     const int yields = host.yields;
@@ -372,7 +385,7 @@ TEST_F(CombatTest, AHitClearsTheOtherShotsExceptOnHard) {
         game.StageNo = stage;
         game.MyX = 100, game.MyY = 200;
         PutShot(0, 5, 10, 10, 1, 1);
-        PutShot(1, 5, 120, 225, 1, 1); // hits
+        PutShot(1, 5, 120, 225, 1, 1);  // hits
         PutShot(2, 5, 20, 10, 1, 1);
         MoveEneShot();
         EXPECT_EQ(left, ShotsInFlight());
@@ -405,7 +418,9 @@ TEST_F(CombatTest, VolleysLeaveEveryThirdFrameWhileTheKeyIsHeld) {
     DoEvents();
     std::vector<int> frames;
     for (int frame = 1; frame <= 12; ++frame) {
-        const auto flying = [] { return std::count_if(std::begin(game.MyShot), std::end(game.MyShot), [](auto& s) { return s.Used == 1; }); };
+        const auto flying = [] {
+            return std::count_if(std::begin(game.MyShot), std::end(game.MyShot), [](auto& s) { return s.Used == 1; });
+        };
         const auto before = flying();
         SetMyShot();
         if (flying() != before) frames.push_back(frame);
@@ -429,7 +444,7 @@ TEST_F(CombatTest, ASpreadVolleyNeedsAWholeFreeGroup) {
     EXPECT_EQ((MyShotType{171, 426, 1.2F, 20, 1}), game.MyShot[10]);
     EXPECT_EQ((MyShotType{185, 436, 4, 20, 1}), game.MyShot[11]);
 
-    game.ShotMode = 0; // the forward volley does not look at the group's other two slots
+    game.ShotMode = 0;  // the forward volley does not look at the group's other two slots
     game.MyShotWait = 2;
     SetMyShot();
     EXPECT_EQ(1, game.MyShot[4].Used);
@@ -465,8 +480,12 @@ TEST_F(CombatTest, PlayerShotsLeaveAtTheTopAndTheSides) {
         Single x, y, vx, vy;
         Integer used;
     };
-    for (const Case& c : {Case{100, 21, 0, 20, 1}, {100, 20.9F, 0, 20, 0}, {335.9F, 100, 0, 0, 1}, {336, 100, 0, 0, 0},
-                          {-15, 100, 0, 0, 1}, {-15.1F, 100, 0, 0, 0}}) {
+    for (const Case& c : {Case{100, 21, 0, 20, 1},
+                          {100, 20.9F, 0, 20, 0},
+                          {335.9F, 100, 0, 0, 1},
+                          {336, 100, 0, 0, 0},
+                          {-15, 100, 0, 0, 1},
+                          {-15.1F, 100, 0, 0, 0}}) {
         game.MyShot[35] = {c.x, c.y, c.vx, c.vy, 1};
         game.MyShot[36] = {c.x, c.y, 5, 5, 1};
         MoveMyShot();
@@ -476,7 +495,8 @@ TEST_F(CombatTest, PlayerShotsLeaveAtTheTopAndTheSides) {
 }
 
 TEST_F(CombatTest, HitPointsWearDownAsSingles) {
-    for (const auto& [mode, hp, hits] : {std::tuple{0, 1, 1}, {0, 7, 7}, {0, 0, 1}, {1, 1, 3}, {1, 2, 6}, {1, 4, 10}, {1, 10, 26}}) {
+    for (const auto& [mode, hp, hits] :
+         {std::tuple{0, 1, 1}, {0, 7, 7}, {0, 0, 1}, {1, 1, 3}, {1, 2, 6}, {1, 4, 10}, {1, 10, 26}}) {
         game.ShotMode = static_cast<Byte>(mode);
         PutEnemy(0, 3, 100, 100, static_cast<Single>(hp));
         int needed = 0;
@@ -494,8 +514,14 @@ TEST_F(CombatTest, TheHitAreaIsOpenAndOneShotHitsEverythingItTouches) {
         Integer hit;
     };
     PutEnemy(0, 3, 100, 100, 999);
-    for (const Case& c : {Case{75, 110, 0}, {75.1F, 110, 1}, {127, 110, 0}, {126.9F, 110, 1}, {110, 76, 0}, {110, 76.1F, 1},
-                          {110, 122, 0}, {110, 121.9F, 1}}) {
+    for (const Case& c : {Case{75, 110, 0},
+                          {75.1F, 110, 1},
+                          {127, 110, 0},
+                          {126.9F, 110, 1},
+                          {110, 76, 0},
+                          {110, 76.1F, 1},
+                          {110, 122, 0},
+                          {110, 121.9F, 1}}) {
         EXPECT_EQ(c.hit, HitEnemy(c.x, c.y)) << c.x << ' ' << c.y;
     }
     game.Score = 0, game.HiScore = 15;
@@ -595,6 +621,6 @@ TEST_F(CombatTest, TheShipIsDrawnInItsFrameAlsoWhileItSinks) {
     BitBlt(wanted, 130, 426, 64, 64, MainForm.Chr, 0, 128, SRCPAINT);
     EXPECT_EQ(wanted.image, MainForm.Crt.image);
     game.MyShipFrame = 3;
-    DrawMyShip(); // no such frame
+    DrawMyShip();  // no such frame
     EXPECT_EQ(wanted.image, MainForm.Crt.image);
 }

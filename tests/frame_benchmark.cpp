@@ -36,7 +36,8 @@ void FillTheScreen() {
         EneShotType& shot = game.EneShot[j] = {};
         shot.Kind = 7, shot.Used = 1;
         shot.X = static_cast<Single>(j * 7), shot.Y = static_cast<Single>(j * 5);
-        std::fill(std::begin(shot.TX), std::end(shot.TX), shot.X), std::fill(std::begin(shot.TY), std::end(shot.TY), shot.Y);
+        std::fill(std::begin(shot.TX), std::end(shot.TX), shot.X),
+            std::fill(std::begin(shot.TY), std::end(shot.TY), shot.Y);
     }
     for (int i = 0; i < 36; ++i) game.MyShot[i] = {static_cast<Single>(i * 8), 440, 0, 0, 1};
     game.MessageCount = 50;
@@ -64,7 +65,7 @@ void SetUp() {
     SetPicture(MainForm.EnemyPic, LoadResPicture(250));
     SetPicture(MainForm.MessagePic, LoadResPicture(300));
     SetPicture(MainForm.BomPic128, LoadResPicture(150));
-    MainForm.Menu003.Checked = true; // no hit stops the frame
+    MainForm.Menu003.Checked = true;  // no hit stops the frame
     for (int i = 0; i < kShipFrames; ++i) game.MyShipChr[i][1] = static_cast<Integer>(64 * i);
 }
 

@@ -78,9 +78,12 @@ std::vector<std::uint8_t> AnyStage(Source& in, const Wildness& wild) {
 std::vector<std::uint8_t> AnyKinds(Source& in, const Wildness& wild) {
     EnemyDataType table[kEnemyKinds];
     for (EnemyDataType& k : table) {
-        k = {static_cast<Integer>(in.BulkBelow(700)), static_cast<Integer>(in.BulkBelow(520)),
-             static_cast<Integer>(in.BulkBelow(100)), static_cast<Integer>(in.BulkBelow(100)),
-             static_cast<Byte>(in.BulkBelow(4)),      static_cast<Byte>(in.BulkBelow(51)),
+        k = {static_cast<Integer>(in.BulkBelow(700)),
+             static_cast<Integer>(in.BulkBelow(520)),
+             static_cast<Integer>(in.BulkBelow(100)),
+             static_cast<Integer>(in.BulkBelow(100)),
+             static_cast<Byte>(in.BulkBelow(4)),
+             static_cast<Byte>(in.BulkBelow(51)),
              static_cast<Byte>(in.Bulk())};
         for (Integer* field : {&k.SX, &k.SY, &k.Width, &k.Height}) {
             if (in.BulkBelow(256) < wild.values) *field = static_cast<Integer>(in.Bulk());
@@ -153,7 +156,8 @@ void Play(std::vector<InputEvent>& events) {
         return;
     }
     if (input->Chance(90)) events.push_back({input->Chance(128) ? keyDown : keyUp, kKeys[input->Below(7)]});
-    if (input->Chance(10)) events.push_back({joystick, static_cast<int>(input->Below(3)), input->Bulk(), input->Bulk(), input->Bulk()});
+    if (input->Chance(10))
+        events.push_back({joystick, static_cast<int>(input->Below(3)), input->Bulk(), input->Bulk(), input->Bulk()});
     if (input->Chance(2)) events.push_back({joystickOff, static_cast<int>(input->Below(3))});
     if (input->Chance(4)) {
         const MenuItem& item = MainForm.*kMenuBar[input->Below(kMenuBar.size())];

@@ -8,8 +8,8 @@
 
 struct HostileReport {
     int frames = 0;
-    double slowestFrame = 0; // seconds of processor time, waits on the manual clock included
-    bool ended = false;      // the game came to its end by itself or by a key; false: the program was ended
+    double slowestFrame = 0;  // seconds of processor time, waits on the manual clock included
+    bool ended = false;       // the game came to its end by itself or by a key; false: the program was ended
 };
 
 // Plays one game made from `bytes` (the same bytes give the same game), for at most `frameLimit` frames. `folder` is

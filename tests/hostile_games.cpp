@@ -1,5 +1,5 @@
-// hostile_games [--frames N]: plays random hostile games until N frames are played. Prints where games ended; fails when
-// a frame takes far longer than a frame may.
+// hostile_games [--frames N]: plays random hostile games until N frames are played. Prints where games ended; fails
+// when a frame takes far longer than a frame may.
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -11,7 +11,7 @@
 int main(int argc, char** argv) {
     const long wanted = argc == 3 && std::string(argv[1]) == "--frames" ? std::atol(argv[2]) : 20000;
     constexpr int kFramesPerGame = 600;
-    constexpr double kLongestFrame = 1.0; // seconds, sanitizers included
+    constexpr double kLongestFrame = 1.0;  // seconds, sanitizers included
     const std::string folder = MakeHostileFolder();
     long frames = 0;
     int games = 0, refused = 0;

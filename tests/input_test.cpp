@@ -137,9 +137,14 @@ TEST_F(InputTest, DifficultyAndPlayAreRadioGroupsWithTheirVariables) {
         const char* item;
         int level, digest;
     };
-    for (const auto& [item, level, digest] :
-         {Choice{"MENU101", 1, 0}, {"MENU103", 5, 0}, {"MENU102", 2, 0}, {"MENU102", 2, 0}, {"Menu402", 2, 2},
-          {"Menu404", 2, 4}, {"Menu403", 2, 3}, {"Menu401", 2, 0}}) {
+    for (const auto& [item, level, digest] : {Choice{"MENU101", 1, 0},
+                                              {"MENU103", 5, 0},
+                                              {"MENU102", 2, 0},
+                                              {"MENU102", 2, 0},
+                                              {"Menu402", 2, 2},
+                                              {"Menu404", 2, 4},
+                                              {"Menu403", 2, 3},
+                                              {"Menu401", 2, 0}}) {
         headless::ClickMenuItem(item);
         DoEvents();
         EXPECT_EQ(level, game.Level) << item;

@@ -45,8 +45,12 @@ class StageTest : public GameTest {
 StageDataType Enemy(Integer kind, Integer counter = 0, Single x = 50, Byte power = 3) {
     return {x, -20, kind, counter, power};
 }
-StageDataType Command(Integer no, Single x = 0, Single y = 0, Byte power = 0) { return {x, y, no, 0, power}; }
-StageDataType Pause(Integer counter) { return {0, 0, 254, counter, 0}; }
+StageDataType Command(Integer no, Single x = 0, Single y = 0, Byte power = 0) {
+    return {x, y, no, 0, power};
+}
+StageDataType Pause(Integer counter) {
+    return {0, 0, 254, counter, 0};
+}
 
 }  // namespace
 
@@ -56,7 +60,7 @@ TEST_F(GameTest, TablesAreExactImagesOfTheirFiles) {
     for (const auto& [name, size] :
          {std::pair{"STAGE2.DAT", 6669u}, {"EnemyData.DAT", 550u}, {"EneMove.DAT", 128000u}}) {
         std::vector<std::uint8_t> bytes(size + 5);
-        for (auto& byte : bytes) byte = static_cast<std::uint8_t>(random() & 0x3F); // no NaN
+        for (auto& byte : bytes) byte = static_cast<std::uint8_t>(random() & 0x3F);  // no NaN
         ASSERT_EQ("", WriteFileKeepingTail((folder / name).string(), bytes));
     }
     ASSERT_EQ("", ReadStageData("\\STAGE2.DAT") + ReadEnemyData() + ReadEneMove());
@@ -96,7 +100,7 @@ TEST_F(GameTest, AFailedSaveLeavesTheOldFile) {
     const auto folder = UseFolder(true);
     const auto path = (folder / "EnemyData.DAT").string();
     const auto before = ReadWholeFile(path).bytes;
-    std::filesystem::create_directory(path + "." + std::to_string(getpid()) + ".new"); // where the new file would go
+    std::filesystem::create_directory(path + "." + std::to_string(getpid()) + ".new");  // where the new file would go
     game.EnemyData[0].SX = 1;
     EXPECT_NE("", WriteEnemyData());
     EXPECT_EQ(before, ReadWholeFile(path).bytes);
@@ -109,8 +113,10 @@ TEST_F(GameTest, EachPlayStartsWithItsStageMusicAndBackground) {
         const char* music;
         bool background;
     };
-    for (const Case& c : {Case{Menu401_Click, 1, 5, "Stage1.mid", true}, {Menu402_Click, 2, 5, "Stage2.Mid", false},
-                          {Menu403_Click, 3, 5, "Stage3.Mid", true}, {Menu404_Click, 0, 2, "Atacck.Mid", false}}) {
+    for (const Case& c : {Case{Menu401_Click, 1, 5, "Stage1.mid", true},
+                          {Menu402_Click, 2, 5, "Stage2.Mid", false},
+                          {Menu403_Click, 3, 5, "Stage3.Mid", true},
+                          {Menu404_Click, 0, 2, "Atacck.Mid", false}}) {
         const auto folder = UseFolder(true);
         MENU103_Click();
         c.choose();
@@ -218,7 +224,7 @@ TEST_F(StageTest, ACommandReachedByAJumpIsPassedOverNotPerformed) {
     RunScript(1);
     EXPECT_EQ(True, game.StageClear) << "performed when first reached";
     game.StageClear = 0;
-    RunScript(1); // entry 1 at timer 2, then 255 jumps to 0, passed over with its Counter 0
+    RunScript(1);  // entry 1 at timer 2, then 255 jumps to 0, passed over with its Counter 0
     RunScript(5);
     EXPECT_EQ(0, game.StageClear);
     EXPECT_GE(Alive(), 3);
@@ -297,7 +303,8 @@ TEST_F(StageTest, TheLastBossEmptiesTheSkyAndTurnsTheStars) {
 }
 
 TEST_F(StageTest, BossEntryChoosesMusicAndPictureByStage) {
-    for (const auto& [stage, music, width] : {std::tuple{1, "boss.mid", 210}, {2, "boss.mid", 160}, {3, "boss02.mid", 210}}) {
+    for (const auto& [stage, music, width] :
+         {std::tuple{1, "boss.mid", 210}, {2, "boss.mid", 160}, {3, "boss02.mid", 210}}) {
         SetEntries({Command(250), Pause(9999)});
         game.StageNo = static_cast<Integer>(stage);
         host.audio.clear();
@@ -358,7 +365,7 @@ TEST_F(StageTest, FaultyTablesArePassedOverAndBounded) {
     EXPECT_NE(std::string::npos, host.log[0].find("entry 0"));
 
     SetEntries({Enemy(1), Command(255)});
-    RunScript(3); // would never end by itself
+    RunScript(3);  // would never end by itself
     EXPECT_EQ(3, FaultsSeen(Fault::endlessTable));
 
     for (auto& entry : game.StageData) entry = Command(246);
@@ -390,7 +397,7 @@ TEST_F(StageTest, StarsAreDrawnWhereTheyWereAndWrapIntoANewColumn) {
         EXPECT_EQ(c.next != c.y + c.speed && c.next != c.y - c.speed, wrapped);
         if (c.y < 480) EXPECT_EQ(kWhite, MainForm.Crt.Row(c.y)[100]);
     }
-    game.Star[0] = {320, 480, 1}; // just outside
+    game.Star[0] = {320, 480, 1};  // just outside
     MoveStars();
 }
 
@@ -400,9 +407,12 @@ TEST_F(StageTest, TheShipMovesTenPixelsAndStaysInside) {
         Integer x, y, toX, toY;
         Byte frame;
     };
-    for (const Case& c : {Case{{VK_RIGHT}, 250, 100, 256, 100, 2}, {{VK_LEFT}, 5, 100, 0, 100, 1},
-                          {{VK_UP, VK_RIGHT}, 100, 100, 110, 90, 2}, {{VK_DOWN, VK_LEFT}, 100, 420, 90, 426, 1},
-                          {{VK_UP}, 100, 3, 100, 0, 0}, {{}, 100, 100, 100, 100, 0}}) {
+    for (const Case& c : {Case{{VK_RIGHT}, 250, 100, 256, 100, 2},
+                          {{VK_LEFT}, 5, 100, 0, 100, 1},
+                          {{VK_UP, VK_RIGHT}, 100, 100, 110, 90, 2},
+                          {{VK_DOWN, VK_LEFT}, 100, 420, 90, 426, 1},
+                          {{VK_UP}, 100, 3, 100, 0, 0},
+                          {{}, 100, 100, 100, 100, 0}}) {
         ResetInputState();
         for (const int key : c.keys) headless::KeyDown(key);
         DoEvents();
@@ -418,14 +428,14 @@ TEST_F(StageTest, TwoDevicesAtOnceGiveTheirCodesCombinedBitByBit) {
     headless::MoveJoystick(0, 100, 100);
     DoEvents();
     game.JoyUse = True, game.JoyId = 0, game.JoyCenterX = 100, game.JoyCenterY = 100;
-    headless::MoveJoystick(0, 100, 0); // up, 1
-    headless::KeyDown(VK_LEFT);        // 7: 1 OR 7 = 7
+    headless::MoveJoystick(0, 100, 0);  // up, 1
+    headless::KeyDown(VK_LEFT);         // 7: 1 OR 7 = 7
     DoEvents();
     game.MyX = 100, game.MyY = 100;
     UpdatePlayer();
     EXPECT_EQ(90, game.MyX);
     EXPECT_EQ(100, game.MyY);
-    headless::MoveJoystick(0, 0, 0); // 8 OR 7 = 15: no row
+    headless::MoveJoystick(0, 0, 0);  // 8 OR 7 = 15: no row
     DoEvents();
     game.MyShipFrame = 2;
     UpdatePlayer();
@@ -449,7 +459,8 @@ TEST_F(StageTest, ADestroyedShipSinksInSixteenFramesAndThenSpaceEndsTheGame) {
     UpdatePlayer();
     EXPECT_EQ(1, game.GameOver);
     EXPECT_EQ(490, game.MyY);
-    const auto opened = std::find_if(host.audio.begin(), host.audio.end(), [](auto& a) { return a.starts_with("open"); });
+    const auto opened =
+        std::find_if(host.audio.begin(), host.audio.end(), [](auto& a) { return a.starts_with("open"); });
     EXPECT_TRUE(opened != host.audio.end() && opened->ends_with("gameover.mid"));
     EXPECT_EQ(False, game.BgmLoop);
 }

@@ -87,7 +87,9 @@ TEST(BlitSprite, IsMaskThenPaintAlsoWhereTheMaskLeavesTheSheet) {
     const Surface sheet = Noise(48, 48, 7);
     for (int i = 0; i < 20000; ++i) {
         Surface once = Noise(40, 40, 8), twice = once;
-        const auto at = [&](int span) { return static_cast<int>(random() % static_cast<unsigned>(2 * span)) - span / 2; };
+        const auto at = [&](int span) {
+            return static_cast<int>(random() % static_cast<unsigned>(2 * span)) - span / 2;
+        };
         const int x = at(40), y = at(40), w = at(40), h = at(40);
         const At mask{at(48), at(48)}, sprite{at(48), at(48)};
         BlitSprite(once, x, y, w, h, sheet, mask, sprite);
@@ -101,7 +103,7 @@ TEST(Surface, ShowsItsBackgroundWhereNoPictureCovers) {
     const Picture red{4, 2, std::vector<Color>(8, kRed)};
     Surface surface = MakeSurface(3, 5, kBlue);
     SetPicture(surface, red);
-    EXPECT_EQ(4, surface.imageWidth); // the picture's full size, though the drawing area is narrower
+    EXPECT_EQ(4, surface.imageWidth);  // the picture's full size, though the drawing area is narrower
     EXPECT_EQ(5, surface.imageHeight);
     EXPECT_EQ(kRed, surface.Row(1)[3]);
     EXPECT_EQ(kBlue, surface.Row(2)[0]);
@@ -143,9 +145,15 @@ TEST(Pictures, EveryBuiltInPictureHasItsExactSize) {
     struct Size {
         int number, width, height;
     };
-    for (const auto& [number, width, height] :
-         {Size{101, 320, 480}, {102, 320, 480}, {103, 320, 480}, {150, 768, 128}, {200, 210, 300},
-          {201, 160, 320}, {202, 600, 400}, {250, 672, 512}, {300, 272, 392}}) {
+    for (const auto& [number, width, height] : {Size{101, 320, 480},
+                                                {102, 320, 480},
+                                                {103, 320, 480},
+                                                {150, 768, 128},
+                                                {200, 210, 300},
+                                                {201, 160, 320},
+                                                {202, 600, 400},
+                                                {250, 672, 512},
+                                                {300, 272, 392}}) {
         EXPECT_EQ(width, LoadResPicture(number).width) << number;
         EXPECT_EQ(height, LoadResPicture(number).height) << number;
     }
@@ -153,9 +161,12 @@ TEST(Pictures, EveryBuiltInPictureHasItsExactSize) {
         const char* name;
         int width, height;
     };
-    for (const auto& [name, width, height] :
-         {Named{"Chr.bmp", 128, 192}, {"MyShotPic.gif", 16, 32}, {"EneShotPic.gif", 96, 80}, {"BomPic.gif", 192, 32},
-          {"BomPic64.gif", 384, 64}, {"LogoPic.gif", 195, 46}}) {
+    for (const auto& [name, width, height] : {Named{"Chr.bmp", 128, 192},
+                                              {"MyShotPic.gif", 16, 32},
+                                              {"EneShotPic.gif", 96, 80},
+                                              {"BomPic.gif", 192, 32},
+                                              {"BomPic64.gif", 384, 64},
+                                              {"LogoPic.gif", 195, 46}}) {
         EXPECT_EQ(width, DesignPicture(name).width) << name;
         EXPECT_EQ(height, DesignPicture(name).height) << name;
     }

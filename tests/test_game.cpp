@@ -1,7 +1,7 @@
 #include "test_game.h"
 
-#include "platform/folder.h"
 #include "platform/events.h"
+#include "platform/folder.h"
 #include "shell/game_loop.h"
 #include "stage/data_files.h"
 #include "stage/faults.h"
@@ -46,7 +46,7 @@ void GameTest::StartEmptyGame() {
         ASSERT_EQ("", WriteFileKeepingTail((folder / name).string(), zeros));
     }
     LoadStage();
-    for (auto& entry : game.StageData) entry.No = 254; // nothing comes
+    for (auto& entry : game.StageData) entry.No = 254;  // nothing comes
     host.audio.clear();
     host.log.clear();
 }

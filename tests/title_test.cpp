@@ -112,7 +112,7 @@ TEST_F(TitleTest, TheInformationScreenComesAfterSixIdleSecondsAndLastsSix) {
 TEST_F(TitleTest, TheTitleSlidesInFromBothSides) {
     std::vector<Color> half;
     host.onShow = [&](const Surface& crt) {
-        if (host.shows == 41) half = crt.image; // i = 80
+        if (host.shows == 41) half = crt.image;  // i = 80
     };
     for (Color& pixel : MainForm.Crt.image) pixel = kRed;
     DrawTitle();
@@ -134,11 +134,15 @@ TEST_F(TitleTest, EachPlayReadsAndWritesItsOwnBestScore) {
     struct Case {
         const char* level;
         const char* play;
-        Long best;      // -1: HiScore is left alone
-        int savedOffset; // -1: nothing is stored
+        Long best;        // -1: HiScore is left alone
+        int savedOffset;  // -1: nothing is stored
     };
-    for (const Case& c : {Case{"MENU101", "Menu401", 1, 0}, {"MENU102", "Menu401", 258, 4}, {"MENU103", "Menu401", 3, 8},
-                          {"MENU103", "Menu404", 4, 12}, {"MENU101", "Menu402", -1, -1}, {"MENU101", "Menu403", -1, -1}}) {
+    for (const Case& c : {Case{"MENU101", "Menu401", 1, 0},
+                          {"MENU102", "Menu401", 258, 4},
+                          {"MENU103", "Menu401", 3, 8},
+                          {"MENU103", "Menu404", 4, 12},
+                          {"MENU101", "Menu402", -1, -1},
+                          {"MENU101", "Menu403", -1, -1}}) {
         WriteScores(kScores);
         ClickMenu(*FindMenuItem(c.level));
         ClickMenu(*FindMenuItem(c.play));
@@ -198,13 +202,13 @@ TEST_F(GameTest, StatusLineHasItsFixedForm) {
 TEST_F(GameTest, FrameRateComesFromOneFrameAtMostEveryQuarterSecond) {
     host.stepPerReading = 0;
     game.FrameTime = 39;
-    DrawStatus(); // samples the clock
+    DrawStatus();  // samples the clock
     EXPECT_EQ(0, game.Fps);
     DrawStatus();
     EXPECT_EQ(25, game.Fps);
     game.FrameTime = 38;
     host.now += 250;
-    DrawStatus(); // FpsNow reaches FpsNext
+    DrawStatus();  // FpsNow reaches FpsNext
     EXPECT_EQ(25, game.Fps);
     host.now += 1;
     DrawStatus();

@@ -148,7 +148,7 @@ TEST_F(WholeGameTest, TheStaffRollKeepsItsTimes) {
         for (int y = 0; y < 46 && same; ++y) {
             for (int x = 30; x < 190 && same; x += 7) {
                 const Color seen = lastScreen[static_cast<std::size_t>((top + y) * 320 + 120 + x)];
-                same = seen == logo.pixels[static_cast<std::size_t>(y * logo.width + x)] || seen == kWhite; // a star
+                same = seen == logo.pixels[static_cast<std::size_t>(y * logo.width + x)] || seen == kWhite;  // a star
             }
         }
         logoSeen = logoSeen || same;
@@ -162,7 +162,7 @@ TEST_F(WholeGameTest, ATapWithinOneFrameEndsTheStoppedRollAndTheMenuDoesNot) {
     int frame = 0;
     host.onYield = [&] {
         ++frame;
-        if (frame == 1320 || frame == 1340) headless::Tap(VK_ESCAPE); // too early, and in time
+        if (frame == 1320 || frame == 1340) headless::Tap(VK_ESCAPE);  // too early, and in time
         if (frame == 1335) headless::ClickMenuItem("Menu301");
         ASSERT_LE(frame, 1341);
     };
@@ -175,7 +175,8 @@ TEST_F(WholeGameTest, TheSameSeedAndEventsGiveTheSameGameAndAnotherSeedAnother) 
     std::vector<std::string> texts;
     for (const std::uint64_t seed : {7u, 7u, 8u}) {
         const std::string path = (folder / "run.txt").string();
-        SimReport report = Simulate({.play = SimPlay::attack, .pilot = "sweep", .seed = seed, .frameLimit = 500, .recordTo = path});
+        SimReport report =
+            Simulate({.play = SimPlay::attack, .pilot = "sweep", .seed = seed, .frameLimit = 500, .recordTo = path});
         EXPECT_EQ("", report.error);
         EXPECT_GE(report.frames, 500);
         const auto bytes = ReadWholeFile(path).bytes;
@@ -270,7 +271,7 @@ TEST_F(WholeGameTest, AReplayAtTheTitleStartsByItselfIgnoresKeysAndSavesNoScore)
     Simulate({.play = SimPlay::stage1, .pilot = "sweep", .seed = 3, .frameLimit = 300, .recordTo = path});
     Recording recording;
     ASSERT_EQ("", ReadRecording(path, recording));
-    game = GameState{}; // a program that has just started
+    game = GameState{};  // a program that has just started
     game.ScreenW = 320, game.ScreenH = 480;
     MainForm = MainFormType{};
     LoadMainForm();
@@ -283,8 +284,8 @@ TEST_F(WholeGameTest, AReplayAtTheTitleStartsByItselfIgnoresKeysAndSavesNoScore)
     EXPECT_FALSE(std::filesystem::exists(folder / "Scores.DAT"));
 }
 
-// Recorded games of the shipped stages: every build type must play them alike. A change of rule or data that alters them
-// is a commit of its own that says why.
+// Recorded games of the shipped stages: every build type must play them alike. A change of rule or data that alters
+// them is a commit of its own that says why.
 TEST_F(WholeGameTest, GoldenRunsPlayTheSame) {
     int runs = 0;
     for (const auto& file : std::filesystem::directory_iterator(std::filesystem::path(TARNVEIL_TESTS) / "runs")) {

@@ -97,7 +97,9 @@ void DropPictures() {
 }
 
 // A play of stage 1 alone is a normal game that is left where stage 2 begins.
-bool StageOneDone() { return run.options.play == SimPlay::stage1 && game.StageNo > 1; }
+bool StageOneDone() {
+    return run.options.play == SimPlay::stage1 && game.StageNo > 1;
+}
 
 void FrameDone() {
     if (run.recorder.FrameDone) run.recorder.FrameDone();

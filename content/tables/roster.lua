@@ -47,7 +47,7 @@ return {
     { name = "talon_ace", sprite = "fighter_talon", flight = "two_stops",   bom = 0, score = 50, hp = 6 },
     { name = "manta_ace", sprite = "fighter_manta", flight = "orbit",       bom = 0, score = 50, hp = 6 },
     -- bosses; destroying one scores nothing, the energy left at the end of the stage does
-    { name = "pincer",   sprite = "boss_pincer",   flight = "pincer",       bom = 2, score = 0, hp = 185 },
+    { name = "pincer",   sprite = "boss_pincer",   flight = "pincer",       bom = 2, score = 0, hp = 172 },
     { name = "eye",      sprite = "boss_eye",      flight = "eye",          bom = 2, score = 0, hp = 250 },
     { name = "dreadnought", sprite = "boss_dreadnought", flight = "dreadnought", bom = 2, score = 0, hp = 200 },
     { name = "avenger",  sprite = "boss_pincer",   flight = "avenger",      bom = 2, score = 0, hp = 255 },

@@ -3,7 +3,7 @@
 
 #include "shell/state.h"
 
-inline constexpr int kShipCentre = 32; // from the ship's corner, on both axes
+inline constexpr int kShipCentre = 32;  // from the ship's corner, on both axes
 
 // Points the shot at the ship's centre displaced by (offsetX, offsetY) at about `speed` pixels per frame. A shot very
 // close to its target flies faster than that. Computed in double precision, stored as Singles.

@@ -15,8 +15,8 @@ namespace {
 constexpr int kReachLeft = 25, kReachTop = 24, kReachRight = -5, kReachBottom = -10;
 
 constexpr double kForwardDamage = 1.0;
-constexpr double kSpreadLoss = 0.6; // of the damage, in the spread mode
-constexpr Integer kSoundInterval = 3; // calls between two damage sounds
+constexpr double kSpreadLoss = 0.6;    // of the damage, in the spread mode
+constexpr Integer kSoundInterval = 3;  // calls between two damage sounds
 constexpr Byte kFirstBossKind = 37;
 constexpr int kBomBitmap = 150;
 constexpr int kEmptiedSize = 16;

@@ -10,10 +10,12 @@
 
 namespace {
 
-constexpr Byte kLastSheetKind = 36; // kinds up to here are on EnemyPic
-constexpr Byte kLastBossKind = 40;  // kinds up to here on BossPic; the rest is never drawn
+constexpr Byte kLastSheetKind = 36;  // kinds up to here are on EnemyPic
+constexpr Byte kLastBossKind = 40;   // kinds up to here on BossPic; the rest is never drawn
 
-bool IsStep(int step) { return step >= 0 && step < kMoveSteps; }
+bool IsStep(int step) {
+    return step >= 0 && step < kMoveSteps;
+}
 
 std::string Where(const EnemyType& enemy) {
     return "enemy kind " + std::to_string(enemy.Kind) + ", step " + std::to_string(enemy.Step);
@@ -42,7 +44,9 @@ const EneMoveType* ScriptOf(EnemyType& enemy) {
     return game.EneMove[pattern];
 }
 
-void JumpTo(EnemyType& enemy, Single target) { enemy.Step = RoundTo<Integer>(target); }
+void JumpTo(EnemyType& enemy, Single target) {
+    enemy.Step = RoundTo<Integer>(target);
+}
 
 // A repeat that is used up takes its own increments back beforehand, so that the movement that follows adds up to none.
 void TakeRepeat(EnemyType& enemy, const EneMoveType& step) {

@@ -7,8 +7,8 @@
 enum StepFlag : Byte {
     kFirstFireCode = 1,
     kLastFireCode = 11,
-    kJump = 253,   // to step DX
-    kRepeatStep = 254, // back to step DX, DY times
+    kJump = 253,        // to step DX
+    kRepeatStep = 254,  // back to step DX, DY times
     kEndOfEnemy = 255,
 };
 

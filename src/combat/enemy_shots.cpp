@@ -13,7 +13,7 @@ enum class Flight { none, straight, bouncing, homing, trail };
 constexpr At kNoMask = {-1, -1};
 
 struct HitBox {
-    int left; // from the shot's corner
+    int left;  // from the shot's corner
     int top;
     int width;
     int height;
@@ -22,7 +22,7 @@ struct HitBox {
 struct ShotLook {
     int width;
     int height;
-    At sprite; // on EneShotPic
+    At sprite;  // on EneShotPic
     At mask;
     HitBox hitBox;
     Flight flight;
@@ -32,7 +32,7 @@ struct ShotLook {
 constexpr ShotLook kShotLook[] = {
     //                   size    sprite    mask      hit box           how it flies
     /*  0 none      */ {0, 0, {0, 0}, kNoMask, {0, 0, 0, 0}, Flight::none},
-    /*  1 pellet    */ {8, 8, {16, 8}, kNoMask, {0, 0, 0, 0}, Flight::straight}, // hits with its corner point only
+    /*  1 pellet    */ {8, 8, {16, 8}, kNoMask, {0, 0, 0, 0}, Flight::straight},  // hits with its corner point only
     /*  2 drop      */ {8, 16, {0, 0}, {8, 0}, {0, 0, 8, 8}, Flight::straight},
     /*  3 ring      */ {16, 16, {32, 0}, {48, 0}, {0, 0, 8, 8}, Flight::straight},
     /*  4 bouncer   */ {32, 32, {0, 16}, {0, 48}, {12, 12, 20, 20}, Flight::bouncing},
@@ -45,13 +45,13 @@ constexpr ShotLook kShotLook[] = {
     /* 11 as 7      */ {16, 16, {32, 32}, {48, 32}, {4, 4, 8, 8}, Flight::trail},
 };
 
-constexpr At kTrailSprite = {64, 0}; // image 0; the next ones below. Image 5 lies below the sheet and shows nothing.
+constexpr At kTrailSprite = {64, 0};  // image 0; the next ones below. Image 5 lies below the sheet and shows nothing.
 constexpr int kTrailSize = 16;
-constexpr int kBouncerSize = 32;   // a bouncing shot stays inside the playfield with its whole sprite
-constexpr Byte kLastBounce = 5;    // contact with an edge at which a bouncing shot leaves
-constexpr Byte kHomingInterval = 5; // frames
+constexpr int kBouncerSize = 32;     // a bouncing shot stays inside the playfield with its whole sprite
+constexpr Byte kLastBounce = 5;      // contact with an edge at which a bouncing shot leaves
+constexpr Byte kHomingInterval = 5;  // frames
 constexpr Byte kHomingTurns = 20;
-constexpr Byte kTrailInterval = 25; // frames
+constexpr Byte kTrailInterval = 25;  // frames
 constexpr Byte kTrailTurns = 2;
 constexpr Byte kByteEnd = 255;
 

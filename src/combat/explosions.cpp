@@ -6,9 +6,9 @@
 
 namespace {
 
-constexpr Integer kFrames = 7; // the strips hold six: the last one shows nothing
+constexpr Integer kFrames = 7;  // the strips hold six: the last one shows nothing
 constexpr Integer kLastWait = 2;
-constexpr Single kDrift = 8;   // pixels down per frame
+constexpr Single kDrift = 8;  // pixels down per frame
 
 void DrawStrip(const Surface& strip, int size, double x, double y, int frame) {
     BitBlt(MainForm.Crt, FloorToPixel(x), FloorToPixel(y), size, size, strip, frame * size, 0, SRCPAINT);

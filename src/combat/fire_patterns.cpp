@@ -13,14 +13,14 @@ enum class Across { left, middle };
 enum class Down { middle, bottom };
 
 enum class Launch {
-    fixed,       // the velocity of the row
-    drop,        // straight down, faster on higher levels
-    ring,        // ShotDir of the shot's number
-    aimed,       // at the ship, displaced at random, at Level + 3
-    aimedRandom, // the same at a random speed from Level + 2 to Level + 6
+    fixed,        // the velocity of the row
+    drop,         // straight down, faster on higher levels
+    ring,         // ShotDir of the shot's number
+    aimed,        // at the ship, displaced at random, at Level + 3
+    aimedRandom,  // the same at a random speed from Level + 2 to Level + 6
 };
 
-enum class Trail { none, filled }; // filled: all trail positions start at the shot
+enum class Trail { none, filled };  // filled: all trail positions start at the shot
 
 struct Birth {
     Across across;
@@ -41,7 +41,7 @@ enum class Clears { nothing, count, countAndTurns, all };
 struct FireCode {
     int shots;
     Clears clears;
-    std::span<const Birth> births; // the last one serves all further shots too
+    std::span<const Birth> births;  // the last one serves all further shots too
 };
 
 //                             across          x    down           y    launch                vx  vy kind trail
@@ -102,7 +102,9 @@ void Place(EneShotType& shot, const Birth& birth, const EnemyType& enemy, const 
 }
 
 // -29..60: the aim errs further to the right and down than to the left and up.
-int AimError() { return RndInt(90, 1 - 30); }
+int AimError() {
+    return RndInt(90, 1 - 30);
+}
 
 // Order of the draws: the speed, then the error in x, then that in y.
 void AimWithError(EneShotType& shot, int speed) {
@@ -125,8 +127,12 @@ void LaunchShot(EneShotType& shot, const Birth& birth, int number) {
             shot.VX = game.ShotDir[number].X;
             shot.VY = game.ShotDir[number].Y;
             break;
-        case Launch::aimed: AimWithError(shot, game.Level + 3); break;
-        case Launch::aimedRandom: AimWithError(shot, RndInt(5, game.Level + 2)); break;
+        case Launch::aimed:
+            AimWithError(shot, game.Level + 3);
+            break;
+        case Launch::aimedRandom:
+            AimWithError(shot, RndInt(5, game.Level + 2));
+            break;
     }
 }
 

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr Integer kFireInterval = 2; // frames between two volleys
+constexpr Integer kFireInterval = 2;  // frames between two volleys
 constexpr int kFireButton = 2, kModeButton = 1;
 constexpr int kGroupSize = 4;
 constexpr int kLastGroup = 32;
@@ -20,10 +20,10 @@ constexpr int kShotWidth = 16, kShotHeight = 32;
 constexpr int kRightEnd = 336, kLeftEnd = -15, kTopEnd = 1;
 
 struct Launch {
-    int x; // from the ship's corner
+    int x;  // from the ship's corner
     int y;
     Single vx;
-    Single vy; // positive flies up
+    Single vy;  // positive flies up
 };
 constexpr Launch kForward[] = {{2, 0, 0, 20}, {42, 0, 0, 20}};
 constexpr Launch kSpread[] = {{-10, 10, -4, 20}, {6, 0, -1.2F, 20}, {41, 0, 1.2F, 20}, {55, 10, 4, 20}};

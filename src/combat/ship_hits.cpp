@@ -13,11 +13,11 @@ namespace {
 constexpr int kHitLeft = 16, kHitRight = 48, kHitTop = 24, kHitBottom = 42;
 
 constexpr double kFullDamage = 1.0;
-constexpr double kEasyDamage = 0.4; // on Easy and in score attack
-constexpr Single kLowEnergy = 4.0F; // the gauge is red from here on
-constexpr Long kHitPause = 100;     // ms
+constexpr double kEasyDamage = 0.4;  // on Easy and in score attack
+constexpr Single kLowEnergy = 4.0F;  // the gauge is red from here on
+constexpr Long kHitPause = 100;      // ms
 
-constexpr int kShipSize = 64;       // also the way from a frame to its mask
+constexpr int kShipSize = 64;  // also the way from a frame to its mask
 constexpr At kGaugePlace = {5, 15};
 constexpr int kGaugeHeight = 6;
 
@@ -27,7 +27,9 @@ bool TouchesShip(Single x, Single y, Single width, Single height) {
            bottom > static_cast<Single>(game.MyY + kHitTop) && y < static_cast<Single>(game.MyY + kHitBottom);
 }
 
-bool IsScoreAttack() { return game.StageNo == 0; }
+bool IsScoreAttack() {
+    return game.StageNo == 0;
+}
 
 void FreeEnemyShots() {
     if (!IsScoreAttack() && MainForm.MENU103.Checked) return;
@@ -66,8 +68,8 @@ Integer HitMyShip(Single x, Single y, Single width, Single height) {
 void DrawMyShip() {
     if (game.MyShipFrame >= kShipFrames) return;
     const At sprite = {game.MyShipChr[game.MyShipFrame][0], game.MyShipChr[game.MyShipFrame][1]};
-    BlitSprite(MainForm.Crt, game.MyX, game.MyY, kShipSize, kShipSize, MainForm.Chr,
-               {sprite.x + kShipSize, sprite.y}, sprite);
+    BlitSprite(MainForm.Crt, game.MyX, game.MyY, kShipSize, kShipSize, MainForm.Chr, {sprite.x + kShipSize, sprite.y},
+               sprite);
 }
 
 void DrawPowerGauge() {

@@ -9,15 +9,15 @@
 
 enum class FileError {
     none,
-    missing,    // there is no such file
-    unreadable, // it exists but cannot be read
+    missing,     // there is no such file
+    unreadable,  // it exists but cannot be read
     unwritable,
 };
 
 struct FileBytes {
     FileError error = FileError::none;
     std::vector<std::uint8_t> bytes;
-    std::string reason; // the system's words, for messages
+    std::string reason;  // the system's words, for messages
 };
 
 // The whole file. A directory or a file over 64 MiB counts as unreadable.

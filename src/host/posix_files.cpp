@@ -33,9 +33,13 @@ class Descriptor {
     int fd_;
 };
 
-std::string SystemReason() { return std::strerror(errno); }
+std::string SystemReason() {
+    return std::strerror(errno);
+}
 
-FileBytes Failed(FileError error, const std::string& reason) { return {error, {}, reason}; }
+FileBytes Failed(FileError error, const std::string& reason) {
+    return {error, {}, reason};
+}
 
 bool ReadAll(int fd, std::vector<std::uint8_t>& bytes) {
     constexpr std::size_t kChunk = 1u << 16;
@@ -107,7 +111,7 @@ FileBytes ReadWholeFile(const std::string& path) {
 std::string WriteFileKeepingTail(const std::string& path, std::span<const std::uint8_t> bytes) {
     const std::string target = RealPath(path);
     const FileBytes old = ReadWholeFile(target);
-    if (old.error == FileError::unreadable) return old.reason; // its tail would be lost
+    if (old.error == FileError::unreadable) return old.reason;  // its tail would be lost
     std::vector<std::uint8_t> content(bytes.begin(), bytes.end());
     if (old.bytes.size() > content.size()) {
         content.insert(content.end(), old.bytes.begin() + static_cast<std::ptrdiff_t>(content.size()), old.bytes.end());

@@ -20,11 +20,17 @@ void Deliver(const InputEvent& event) {
 
 }  // namespace
 
-void SetEventTap(EventTap tap) { eventTap = tap; }
+void SetEventTap(EventTap tap) {
+    eventTap = tap;
+}
 
-EventTap GetEventTap() { return eventTap; }
+EventTap GetEventTap() {
+    return eventTap;
+}
 
-void RunTimers() { RunTimer(MainForm.Bgm_Check, timeGetTime()); }
+void RunTimers() {
+    RunTimer(MainForm.Bgm_Check, timeGetTime());
+}
 
 void DoEvents() {
     std::vector<InputEvent> events;

@@ -7,7 +7,8 @@
 
 // Shows the picture of Crt, takes the pending events (keys, joystick, menu clicks, closing the window) and runs their
 // handlers and the timers that are due. Nothing else lets the outside world in, so everything that happens here happens
-// between two frames, or in the middle of a frame where a routine yields there. Throws EndProgram when the player quits.
+// between two frames, or in the middle of a frame where a routine yields there. Throws EndProgram when the player
+// quits.
 void DoEvents();
 
 // Runs the timers that are due; DoEvents does, and so does a host that waits in a modal window.

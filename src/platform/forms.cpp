@@ -21,7 +21,9 @@ Control& Form::operator[](std::string_view name) {
     return *found;
 }
 
-const Control& Form::operator[](std::string_view name) const { return const_cast<Form&>(*this)[name]; }
+const Control& Form::operator[](std::string_view name) const {
+    return const_cast<Form&>(*this)[name];
+}
 
 void OpenForm(Form& form) {
     if (form.Shown) return;

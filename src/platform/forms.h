@@ -14,7 +14,7 @@ struct MenuItem {
     const char* Name;
     const char* Caption;
     Handler Click = nullptr;
-    bool IsPopup = false; // holds the items listed after it, down to the next popup
+    bool IsPopup = false;  // holds the items listed after it, down to the next popup
     bool Checked = false;
     bool Enabled = true;
 
@@ -46,19 +46,19 @@ struct Place {
 
 struct Control {
     ControlKind Kind;
-    std::string Name; // "Text1"; members of a group carry their index: "Text1(0)"
+    std::string Name;  // "Text1"; members of a group carry their index: "Text1(0)"
     Place At;
     int TabIndex;
-    std::string Caption{};   // of labels, buttons and frames; "&&" shows one ampersand
-    std::string Text{};      // of text fields
-    std::string Container{}; // name of the frame it lies in, or empty
+    std::string Caption{};    // of labels, buttons and frames; "&&" shows one ampersand
+    std::string Text{};       // of text fields
+    std::string Container{};  // name of the frame it lies in, or empty
     bool RightAligned = false;
-    int Min = 0; // of scroll bars; arrows and trough both move by SmallChange / LargeChange
+    int Min = 0;  // of scroll bars; arrows and trough both move by SmallChange / LargeChange
     int Max = 0;
     int Value = 0;
     int SmallChange = 1;
     int LargeChange = 1;
-    Handler Event = nullptr; // Click of a button, Change of a scroll bar
+    Handler Event = nullptr;  // Click of a button, Change of a scroll bar
 };
 
 struct Form {
@@ -66,12 +66,12 @@ struct Form {
     std::string Caption;
     int ClientWidth = 0;
     int ClientHeight = 0;
-    Handler Load = nullptr;           // Form_Load: runs each time the form is opened, before it is shown
-    std::vector<Control> (*Design)() = nullptr; // the controls as designed; each opening starts from them
+    Handler Load = nullptr;                      // Form_Load: runs each time the form is opened, before it is shown
+    std::vector<Control> (*Design)() = nullptr;  // the controls as designed; each opening starts from them
     std::vector<Control> Controls{};
-    std::string Focus{};              // control that has the keyboard; empty: the first in tab order
-    bool Centred = false;             // Form_Load asked for the middle of the screen
-    bool Shown = false;               // true while ShowModal runs
+    std::string Focus{};   // control that has the keyboard; empty: the first in tab order
+    bool Centred = false;  // Form_Load asked for the middle of the screen
+    bool Shown = false;    // true while ShowModal runs
 
     // The control of that name. Asking for one the form does not have is a mistake in the program and asserts.
     Control& operator[](std::string_view name);

@@ -24,7 +24,9 @@ struct JoystickState {
 std::array<KeyState, kKeys> keys;
 std::array<JoystickState, kJoysticks> joysticks;
 
-KeyState* KeyOf(int code) { return code >= 0 && code < kKeys ? &keys[static_cast<std::size_t>(code)] : nullptr; }
+KeyState* KeyOf(int code) {
+    return code >= 0 && code < kKeys ? &keys[static_cast<std::size_t>(code)] : nullptr;
+}
 
 JoystickState* JoystickOf(int id) {
     return id >= 0 && id < kJoysticks ? &joysticks[static_cast<std::size_t>(id)] : nullptr;
@@ -40,7 +42,9 @@ std::int16_t GetAsyncKeyState(int virtualKey) {
     return static_cast<std::int16_t>(state);
 }
 
-std::uint32_t joyGetNumDevs() { return kJoysticks; }
+std::uint32_t joyGetNumDevs() {
+    return kJoysticks;
+}
 
 std::uint32_t joyGetPosEx(std::uint32_t id, JOYINFOEX* info) {
     if (id >= kJoysticks || !joysticks[id].present) return JOYERR_UNPLUGGED;

@@ -25,13 +25,13 @@ std::int16_t GetAsyncKeyState(int virtualKey);
 struct JOYINFOEX {
     std::uint32_t dwSize;
     std::uint32_t dwFlags;
-    std::uint32_t dwXpos; // 0..65535
-    std::uint32_t dwYpos; // 0..65535, growing downwards
+    std::uint32_t dwXpos;  // 0..65535
+    std::uint32_t dwYpos;  // 0..65535, growing downwards
     std::uint32_t dwZpos;
     std::uint32_t dwRpos;
     std::uint32_t dwUpos;
     std::uint32_t dwVpos;
-    std::uint32_t dwButtons; // bit 0 = button 1
+    std::uint32_t dwButtons;  // bit 0 = button 1
     std::uint32_t dwButtonNumber;
     std::uint32_t dwPOV;
     std::uint32_t dwReserved1;

@@ -46,8 +46,8 @@ Integer GetJoyDirection() {
     if (game.JoyUse == False) return 0;
     const JOYINFOEX info = ReadJoystick(game.JoyId, kReadXYAndButtons);
     const Long x = static_cast<Long>(info.dwXpos), y = static_cast<Long>(info.dwYpos);
-    const bool up = y < game.JoyCenterY, down = y > game.JoyCenterY;
-    const bool left = x < game.JoyCenterX, right = x > game.JoyCenterX;
+    const bool up = y<game.JoyCenterY, down = y> game.JoyCenterY;
+    const bool left = x<game.JoyCenterX, right = x> game.JoyCenterX;
     if (up) return right ? 2 : left ? 8 : 1;
     if (down) return right ? 4 : left ? 6 : 5;
     return right ? 3 : left ? 7 : 0;

@@ -69,6 +69,10 @@ Picture DecodePicture(std::span<const std::uint8_t> bytes, std::string& reason) 
     return picture;
 }
 
-const Picture& LoadResPicture(int number) { return CachedPicture("pictures/" + std::to_string(number) + ".bmp"); }
+const Picture& LoadResPicture(int number) {
+    return CachedPicture("pictures/" + std::to_string(number) + ".bmp");
+}
 
-const Picture& DesignPicture(std::string_view fileName) { return CachedPicture("pictures/" + std::string(fileName)); }
+const Picture& DesignPicture(std::string_view fileName) {
+    return CachedPicture("pictures/" + std::string(fileName));
+}

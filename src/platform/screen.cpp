@@ -9,7 +9,7 @@ namespace {
 constexpr Long kBannerFirst = 20;
 constexpr Long kBannerLast = 100;
 constexpr Long kMessageCountEnd = 110;
-constexpr Integer kLastBannerStage = 5; // digits on the sheet
+constexpr Integer kLastBannerStage = 5;  // digits on the sheet
 
 // Where a word goes on Crt and where it lies on MessagePic. Painted with OR.
 struct Word {
@@ -19,15 +19,15 @@ struct Word {
     At from;
 };
 constexpr Word kStageWord = {{60, 200}, 180, 50, {0, 0}};
-constexpr Word kStageDigit = {{230, 200}, 48, 48, {0, 144}}; // digit 1; the next ones lie to its right
+constexpr Word kStageDigit = {{230, 200}, 48, 48, {0, 144}};  // digit 1; the next ones lie to its right
 constexpr Word kAttackStageWord = {{80, 180}, 172, 48, {0, 0}};
 constexpr Word kAttackTitle = {{35, 228}, 272, 48, {0, 96}};
 constexpr Word kGameOverWords = {{85, 190}, 180, 90, {0, 200}};
 constexpr Word kStageClearWords = {{40, 190}, 300, 60, {0, 293}};
 
 void Paint(const Word& word, int sourceOffset = 0) {
-    BitBlt(MainForm.Crt, word.to.x, word.to.y, word.width, word.height, MainForm.MessagePic,
-           word.from.x + sourceOffset, word.from.y, SRCPAINT);
+    BitBlt(MainForm.Crt, word.to.x, word.to.y, word.width, word.height, MainForm.MessagePic, word.from.x + sourceOffset,
+           word.from.y, SRCPAINT);
 }
 
 void PaintBanner() {

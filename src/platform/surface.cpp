@@ -93,8 +93,12 @@ void ShapeImage(Surface& surface, int width, int height, bool keep) {
     surface.imageHeight = height;
 }
 
-int DrawingWidth(const Surface& surface) { return std::max(surface.Width - 2 * kBorder, 0); }
-int DrawingHeight(const Surface& surface) { return std::max(surface.Height - 2 * kBorder, 0); }
+int DrawingWidth(const Surface& surface) {
+    return std::max(surface.Width - 2 * kBorder, 0);
+}
+int DrawingHeight(const Surface& surface) {
+    return std::max(surface.Height - 2 * kBorder, 0);
+}
 
 }  // namespace
 
@@ -126,7 +130,9 @@ void RemovePicture(Surface& surface) {
     Cls(surface);
 }
 
-void Cls(Surface& surface) { ShapeImage(surface, DrawingWidth(surface), DrawingHeight(surface), false); }
+void Cls(Surface& surface) {
+    ShapeImage(surface, DrawingWidth(surface), DrawingHeight(surface), false);
+}
 
 void BitBlt(Surface& destination, int x, int y, int width, int height, const Surface& source, int sourceX, int sourceY,
             RasterOp op) {
@@ -135,7 +141,7 @@ void BitBlt(Surface& destination, int x, int y, int width, int height, const Sur
     if (op == SRCCOPY) {
         CopyRows(destination, source, t);
     } else if (&destination == &source) {
-        const Surface before = source; // rows that overlap must be read before they are written
+        const Surface before = source;  // rows that overlap must be read before they are written
         CombineRows(destination, before, t, op);
     } else {
         CombineRows(destination, source, t, op);

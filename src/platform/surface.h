@@ -14,15 +14,15 @@ inline constexpr Color kBlack = RGB(0, 0, 0);
 inline constexpr Color kWhite = RGB(255, 255, 255);
 inline constexpr Color kRed = RGB(255, 0, 0);
 inline constexpr Color kBlue = RGB(0, 0, 255);
-inline constexpr Color kButtonFace = RGB(192, 192, 192); // a control's default background
+inline constexpr Color kButtonFace = RGB(192, 192, 192);  // a control's default background
 
 struct Picture {
     int width = 0;
     int height = 0;
-    std::vector<Color> pixels; // rows from the top, width * height
+    std::vector<Color> pixels;  // rows from the top, width * height
 };
 
-struct Font; // text.h
+struct Font;  // text.h
 
 // Every surface has a sunken border; its drawing area is 2 * kBorder smaller than its outer size.
 inline constexpr int kBorder = 2;
@@ -30,14 +30,14 @@ inline constexpr int kBorder = 2;
 // One picture surface. Its image starts at (0, 0) of the drawing area and is as large as the drawing area or its
 // picture, whichever is larger; what no picture covers shows the background colour.
 struct Surface {
-    int Width = 0; // outer size in pixels, border included
+    int Width = 0;  // outer size in pixels, border included
     int Height = 0;
     bool Visible = false;
-    bool AutoRedraw = false; // persistent image: a new background colour shows only at the next Cls
+    bool AutoRedraw = false;  // persistent image: a new background colour shows only at the next Cls
     bool HasPicture = false;
     Color BackColor = kButtonFace;
     Color ForeColor = kBlack;
-    const Font* TextFont = nullptr; // null: the status font
+    const Font* TextFont = nullptr;  // null: the status font
 
     int imageWidth = 0;
     int imageHeight = 0;
@@ -65,9 +65,9 @@ void RemovePicture(Surface& surface);
 void Cls(Surface& surface);
 
 enum RasterOp : std::uint32_t {
-    SRCCOPY = 0x00CC0020,  // the source replaces the destination
-    SRCAND = 0x008800C6,   // destination AND source: the mask of a sprite
-    SRCPAINT = 0x00EE0086, // destination OR source: the sprite itself, and paint-only images
+    SRCCOPY = 0x00CC0020,   // the source replaces the destination
+    SRCAND = 0x008800C6,    // destination AND source: the mask of a sprite
+    SRCPAINT = 0x00EE0086,  // destination OR source: the sprite itself, and paint-only images
 };
 
 // Combines the width x height rectangle at (sourceX, sourceY) of `source` with that at (x, y) of `destination`. Both

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int kWidestGlyph = 32; // bits of a glyph row
+constexpr int kWidestGlyph = 32;  // bits of a glyph row
 
 Glyph CutGlyph(const Picture& sheet, At corner, int width, int height) {
     Glyph glyph;
@@ -61,7 +61,8 @@ char32_t NextCharacter(std::string_view& text) {
         return first < 0x80 ? first : U'\uFFFD';
     }
     char32_t code = first & (0xFFu >> (length + 1));
-    for (int i = 1; i < length; ++i) code = code << 6 | (static_cast<unsigned char>(text[static_cast<std::size_t>(i)]) & 0x3Fu);
+    for (int i = 1; i < length; ++i)
+        code = code << 6 | (static_cast<unsigned char>(text[static_cast<std::size_t>(i)]) & 0x3Fu);
     text.remove_prefix(static_cast<std::size_t>(length));
     return code;
 }

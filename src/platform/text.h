@@ -11,7 +11,7 @@
 struct Glyph {
     int width = 0;
     int advance = 0;
-    std::vector<std::uint32_t> rows; // bit 0 = leftmost pixel
+    std::vector<std::uint32_t> rows;  // bit 0 = leftmost pixel
 };
 
 struct Font {

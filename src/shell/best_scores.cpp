@@ -44,7 +44,7 @@ void LoadBestScores() {
 }
 
 void SaveBestScores() {
-    if (Replay().state != ReplayState::none) return; // a replayed score is nobody's
+    if (Replay().state != ReplayState::none) return;  // a replayed score is nobody's
     if (Long* best = BestScoreInForce()) *best = game.HiScore;
     ByteWriter out;
     for (const Long field : {game.Scores.Easy, game.Scores.Nomal, game.Scores.Hard, game.Scores.ScoreAttack}) {

@@ -56,7 +56,8 @@ void VisitScript(const GameState& s, Visit visit) {
 template <typename Visit>
 void VisitBackground(const GameState& s, Visit visit) {
     FIELD(ScrollY), FIELD(ScrollSpeed), FIELD(StarMax), FIELD(StarReverse);
-    for (const StarType& star : s.Star) visit("Star.X", star.X), visit("Star.Y", star.Y), visit("Star.Speed", star.Speed);
+    for (const StarType& star : s.Star)
+        visit("Star.X", star.X), visit("Star.Y", star.Y), visit("Star.Speed", star.Speed);
 }
 
 template <typename Visit>
@@ -102,16 +103,27 @@ void VisitEnemyShots(const GameState& s, Visit visit) {
 template <typename Visit>
 void VisitGroup(const GameState& s, StateGroup group, Visit visit) {
     switch (group) {
-        case StateGroup::flow: return VisitFlow(s, visit);
-        case StateGroup::score: return VisitScore(s, visit);
-        case StateGroup::script: return VisitScript(s, visit);
-        case StateGroup::background: return VisitBackground(s, visit);
-        case StateGroup::ship: return VisitShip(s, visit);
-        case StateGroup::myShots: return VisitMyShots(s, visit);
-        case StateGroup::enemies: return VisitEnemies(s, visit);
-        case StateGroup::enemyShots: return VisitEnemyShots(s, visit);
-        case StateGroup::random: visit("RandomState", s.RandomState); return;
-        case StateGroup::count: return;
+        case StateGroup::flow:
+            return VisitFlow(s, visit);
+        case StateGroup::score:
+            return VisitScore(s, visit);
+        case StateGroup::script:
+            return VisitScript(s, visit);
+        case StateGroup::background:
+            return VisitBackground(s, visit);
+        case StateGroup::ship:
+            return VisitShip(s, visit);
+        case StateGroup::myShots:
+            return VisitMyShots(s, visit);
+        case StateGroup::enemies:
+            return VisitEnemies(s, visit);
+        case StateGroup::enemyShots:
+            return VisitEnemyShots(s, visit);
+        case StateGroup::random:
+            visit("RandomState", s.RandomState);
+            return;
+        case StateGroup::count:
+            return;
     }
 }
 
@@ -169,8 +181,8 @@ std::string DescribeGroup(const GameState& state, StateGroup group) {
 
 std::uint64_t DataDigest() {
     Hash hash;
-    for (const std::string_view name : {StageFileOf(0), StageFileOf(2), StageFileOf(3), StageFileOf(4), kEnemyDataFile,
-                                        kEneMoveFile}) {
+    for (const std::string_view name :
+         {StageFileOf(0), StageFileOf(2), StageFileOf(3), StageFileOf(4), kEnemyDataFile, kEneMoveFile}) {
         for (const std::uint8_t byte : ReadFolderFile(name).bytes) hash.AddByte(byte);
         hash.AddByte(0xFF);
     }

@@ -48,20 +48,20 @@ constexpr Byte kLines = kCredits.size();
 static_assert(kLines == 25);
 
 constexpr int kBackgroundBitmap = 101;
-constexpr Long kFirstCount = -80;   // so that the first line comes after 110 frames
-constexpr Long kLineInterval = 30;  // frames
-constexpr Long kLogoCount = 200;    // frames after the last line
-constexpr Long kKeysCount = 500;    // Space and Esc are accepted
-constexpr Long kStopCount = 510;    // the roll stands still
-constexpr Long kOpeningPause = 2000; // ms
+constexpr Long kFirstCount = -80;     // so that the first line comes after 110 frames
+constexpr Long kLineInterval = 30;    // frames
+constexpr Long kLogoCount = 200;      // frames after the last line
+constexpr Long kKeysCount = 500;      // Space and Esc are accepted
+constexpr Long kStopCount = 510;      // the roll stands still
+constexpr Long kOpeningPause = 2000;  // ms
 constexpr int kCanvasWidth = 320;
 constexpr int kCanvasHeight = 700;
 constexpr int kScrolledHeight = 540;
-constexpr At kLinePlace = {40, 490}; // on the canvas, just below the part that is shown
+constexpr At kLinePlace = {40, 490};  // on the canvas, just below the part that is shown
 constexpr At kLogoPlace = {0, 490};
 constexpr int kLogoWidth = 192;
 constexpr int kLogoHeight = 50;
-constexpr int kShownWidth = 240; // from canvas x 0; on the screen from x 120
+constexpr int kShownWidth = 240;  // from canvas x 0; on the screen from x 120
 constexpr int kShownLeft = 120;
 
 void SetUpEnding() {
@@ -119,7 +119,7 @@ void Ending() {
         ShowNow(MainForm.Crt);
         DoEvents();
         if (KeyEndsRoll(frameCount)) break;
-        DiscardKey(VK_ESCAPE); // only a key that is held, or pressed within one frame, ends the roll
+        DiscardKey(VK_ESCAPE);  // only a key that is held, or pressed within one frame, ends the roll
         DiscardKey(VK_SPACE);
         PaceFrame();
     }

@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr Long kFrameBudget = 38; // ms
+constexpr Long kFrameBudget = 38;  // ms
 
 void SetUpGame() {
     game.QuitGame = False;
@@ -75,9 +75,13 @@ void GameLoop() {
     if (gameWatcher.Ended) gameWatcher.Ended();
 }
 
-Long ClockNow() { return static_cast<Long>(timeGetTime()); }
+Long ClockNow() {
+    return static_cast<Long>(timeGetTime());
+}
 
-Long ElapsedMs(Long start) { return static_cast<Long>(timeGetTime() - static_cast<std::uint32_t>(start)); }
+Long ElapsedMs(Long start) {
+    return static_cast<Long>(timeGetTime() - static_cast<std::uint32_t>(start));
+}
 
 void WaitMs(Long ms) {
     const Long start = ClockNow();
@@ -87,8 +91,8 @@ void WaitMs(Long ms) {
 
 void PaceFrame() {
     game.FrameEnd = ClockNow();
-    game.FrameWork = static_cast<Long>(static_cast<std::uint32_t>(game.FrameEnd) -
-                                       static_cast<std::uint32_t>(game.FrameStart));
+    game.FrameWork =
+        static_cast<Long>(static_cast<std::uint32_t>(game.FrameEnd) - static_cast<std::uint32_t>(game.FrameStart));
     if (MainForm.Menu002.Checked && game.FrameWork < kFrameBudget) WaitMs(kFrameBudget - game.FrameWork);
     game.FrameTime = ElapsedMs(game.FrameStart);
 }

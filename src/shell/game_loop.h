@@ -23,8 +23,8 @@ Long ClockNow();
 
 // Watchers of a game: recording, replay, simulation. They draw nothing and change nothing of the state.
 struct GameWatcher {
-    void (*Started)(std::uint64_t seed) = nullptr; // the game is set up; the first frame follows
-    void (*FrameDone)() = nullptr;                 // a frame was played, before its yield to the window system
+    void (*Started)(std::uint64_t seed) = nullptr;  // the game is set up; the first frame follows
+    void (*FrameDone)() = nullptr;                  // a frame was played, before its yield to the window system
     void (*Ended)() = nullptr;
 };
 inline GameWatcher gameWatcher;

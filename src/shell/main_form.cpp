@@ -15,7 +15,9 @@ namespace {
 constexpr const char* kCaption = "ＴＡＲＮＶＥＩＬ　Ｖｅｒｓｉｏｎ１．０";
 constexpr const char* kMessageCaption = "Tarnveil";
 
-void Toggle(MenuItem& item) { item.Checked = !item.Checked; }
+void Toggle(MenuItem& item) {
+    item.Checked = !item.Checked;
+}
 
 void ChooseLevel(const MenuItem& chosen, Integer level) {
     for (MenuItem* item : {&MainForm.MENU101, &MainForm.MENU102, &MainForm.MENU103}) item->Checked = item == &chosen;
@@ -43,7 +45,7 @@ void DesignEmpty(Surface& surface, Color background, int width, int height) {
 }
 
 void DesignSurfaces() {
-    constexpr int kSmall = 16; // surfaces that get their picture at run time
+    constexpr int kSmall = 16;  // surfaces that get their picture at run time
     DesignEmpty(MainForm.Crt, kBlack, kSmall, kSmall);
     DesignEmpty(MainForm.B_Crt, kBlack, kSmall, kSmall);
     Design(MainForm.Chr, kBlack, "Chr.bmp");
@@ -54,7 +56,7 @@ void DesignSurfaces() {
     Design(MainForm.BomPic, kButtonFace, "BomPic.gif");
     Design(MainForm.BomPic64, kButtonFace, "BomPic64.gif");
     DesignEmpty(MainForm.BomPic128, kBlack, kSmall, kSmall);
-    DesignEmpty(MainForm.MyPowerPic, kBlue, 128, 32); // at least as large as a full gauge, 100 x 6
+    DesignEmpty(MainForm.MyPowerPic, kBlue, 128, 32);  // at least as large as a full gauge, 100 x 6
     DesignEmpty(MainForm.MessagePic, kBlack, kSmall, kSmall);
     Design(MainForm.LogoPic, kButtonFace, "LogoPic.gif");
     DesignEmpty(MainForm.EndingPic, kBlack, kSmall, kSmall);
@@ -88,9 +90,15 @@ void LoadMainForm() {
     Form_Load();
 }
 
-void Menu002_Click() { Toggle(MainForm.Menu002); }
-void Menu003_Click() { Toggle(MainForm.Menu003); }
-void Menu004_Click() { Toggle(MainForm.Menu004); }
+void Menu002_Click() {
+    Toggle(MainForm.Menu002);
+}
+void Menu003_Click() {
+    Toggle(MainForm.Menu003);
+}
+void Menu004_Click() {
+    Toggle(MainForm.Menu004);
+}
 
 void Menu006_Click() {
     Toggle(MainForm.Menu006);
@@ -112,20 +120,42 @@ void Menu008_Click() {
     if (game.JoyUse == False) MsgBox("ジョイスティックを検出出来ませんでした", kMessageCaption);
 }
 
-void MENU101_Click() { ChooseLevel(MainForm.MENU101, 1); }
-void MENU102_Click() { ChooseLevel(MainForm.MENU102, 2); }
-void MENU103_Click() { ChooseLevel(MainForm.MENU103, 5); }
+void MENU101_Click() {
+    ChooseLevel(MainForm.MENU101, 1);
+}
+void MENU102_Click() {
+    ChooseLevel(MainForm.MENU102, 2);
+}
+void MENU103_Click() {
+    ChooseLevel(MainForm.MENU103, 5);
+}
 
-void Menu401_Click() { ChooseDigest(MainForm.Menu401, 0); }
-void Menu402_Click() { ChooseDigest(MainForm.Menu402, 2); }
-void Menu403_Click() { ChooseDigest(MainForm.Menu403, 3); }
-void Menu404_Click() { ChooseDigest(MainForm.Menu404, 4); }
+void Menu401_Click() {
+    ChooseDigest(MainForm.Menu401, 0);
+}
+void Menu402_Click() {
+    ChooseDigest(MainForm.Menu402, 2);
+}
+void Menu403_Click() {
+    ChooseDigest(MainForm.Menu403, 3);
+}
+void Menu404_Click() {
+    ChooseDigest(MainForm.Menu404, 4);
+}
 
-void Menu201_Click() { OpenForm(Editor1); }
-void Menu202_Click() { OpenForm(EnemyDataEdit); }
-void Menu203_Click() { OpenForm(EnemyMoveEdit); }
+void Menu201_Click() {
+    OpenForm(Editor1);
+}
+void Menu202_Click() {
+    OpenForm(EnemyDataEdit);
+}
+void Menu203_Click() {
+    OpenForm(EnemyMoveEdit);
+}
 
-void Menu301_Click() { game.QuitGame = True; }
+void Menu301_Click() {
+    game.QuitGame = True;
+}
 
 void Menu303_Click() {
     StopMidi();

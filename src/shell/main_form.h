@@ -28,7 +28,7 @@ void Menu203_Click();
 void Menu301_Click();
 void Menu303_Click();
 
-void Bgm_Check_Timer(); // music.h
+void Bgm_Check_Timer();  // music.h
 
 // Sizes Crt and B_Crt, sets the caption and the start-up options, asks for the middle of the screen.
 void Form_Load();
@@ -41,13 +41,13 @@ void LoadMainForm();
 
 struct MainFormType {
     std::string Caption;
-    int Width = 0; // outer size in pixels
+    int Width = 0;  // outer size in pixels
     int Height = 0;
     bool Centred = false;
 
-    Surface Crt;       // the game screen: everything is composed here
-    Surface B_Crt;     // background or title picture
-    Surface Chr;       // ship frames
+    Surface Crt;    // the game screen: everything is composed here
+    Surface B_Crt;  // background or title picture
+    Surface Chr;    // ship frames
     Surface MyShotPic;
     Surface EnemyPic;
     Surface EneShotPic;
@@ -55,10 +55,10 @@ struct MainFormType {
     Surface BomPic;
     Surface BomPic64;
     Surface BomPic128;
-    Surface MyPowerPic; // its plain background colour paints the energy gauge
+    Surface MyPowerPic;  // its plain background colour paints the energy gauge
     Surface MessagePic;
     Surface LogoPic;
-    Surface EndingPic; // staff-roll canvas
+    Surface EndingPic;  // staff-roll canvas
 
     Timer Bgm_Check{1000, true, Bgm_Check_Timer};
 

@@ -19,14 +19,26 @@ std::uint64_t NextWord() {
 }
 }  // namespace
 
-void Randomize(std::uint64_t seed) { game.RandomState = seed; }
+void Randomize(std::uint64_t seed) {
+    game.RandomState = seed;
+}
 
-double Rnd() { return static_cast<double>(NextWord() >> 40) * 0x1p-24; }
+double Rnd() {
+    return static_cast<double>(NextWord() >> 40) * 0x1p-24;
+}
 
-int RndInt(int span, int first) { return static_cast<int>(std::floor(Rnd() * span + first)); }
+int RndInt(int span, int first) {
+    return static_cast<int>(std::floor(Rnd() * span + first));
+}
 
-void FixSeed(std::uint64_t seed) { fixedSeed = seed; }
+void FixSeed(std::uint64_t seed) {
+    fixedSeed = seed;
+}
 
-void UseClockSeed() { fixedSeed.reset(); }
+void UseClockSeed() {
+    fixedSeed.reset();
+}
 
-std::uint64_t NextSeed() { return fixedSeed ? *fixedSeed : SystemClockSeed(); }
+std::uint64_t NextSeed() {
+    return fixedSeed ? *fixedSeed : SystemClockSeed();
+}

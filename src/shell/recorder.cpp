@@ -105,7 +105,7 @@ std::string FinishRecorder() {
     gameWatcher = {};
     if (!finished.done) return {};
     const std::string text = FormatRecording(finished.recording);
-    std::remove(finished.path.c_str()); // a longer old recording must not leave its tail
+    std::remove(finished.path.c_str());  // a longer old recording must not leave its tail
     const std::string reason =
         WriteFileKeepingTail(finished.path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
     return reason.empty() ? "" : finished.path + ": the recording cannot be written: " + reason;

@@ -15,8 +15,8 @@ constexpr int kFramesPerLine = 8;
 
 using Kind = InputEvent::Kind;
 const std::map<Kind, std::string> kEventNames = {
-    {Kind::keyDown, "key-down"},      {Kind::keyUp, "key-up"}, {Kind::allKeysUp, "all-keys-up"},
-    {Kind::joystick, "joystick"},     {Kind::menu, "menu"},    {Kind::joystickOff, "joystick-off"},
+    {Kind::keyDown, "key-down"},         {Kind::keyUp, "key-up"}, {Kind::allKeysUp, "all-keys-up"},
+    {Kind::joystick, "joystick"},        {Kind::menu, "menu"},    {Kind::joystickOff, "joystick-off"},
     {Kind::closeWindow, "close-window"},
 };
 
@@ -189,20 +189,34 @@ bool ParseLine(const std::string& line, Recording& r, bool& ended) {
     Words words(line);
     const std::string first = words.Text();
     if (ended) return false;
-    if (first == "seed") words.Number(r.seed);
-    else if (first == "level") words.Number(r.level);
-    else if (first == "play") words.Number(r.play);
-    else if (first == "options") ParseOptions(words, r);
-    else if (first == "joystick") words.Number(r.joyId), words.Number(r.joyCenterX), words.Number(r.joyCenterY);
-    else if (first == "scroll") words.Number(r.scroll);
-    else if (first == "hiscore") words.Number(r.hiScore);
-    else if (first == "data") words.Number(r.dataDigest, 16);
-    else if (first == "held") ParseHeld(words, r);
-    else if (first == "stick") ParseStick(words, r);
-    else if (first == "event") ParseEvent(words, r);
-    else if (first == "frame") ParseFrames(words, r);
-    else if (first == "end") ParseEnd(words, r), ended = true;
-    else return false;
+    if (first == "seed")
+        words.Number(r.seed);
+    else if (first == "level")
+        words.Number(r.level);
+    else if (first == "play")
+        words.Number(r.play);
+    else if (first == "options")
+        ParseOptions(words, r);
+    else if (first == "joystick")
+        words.Number(r.joyId), words.Number(r.joyCenterX), words.Number(r.joyCenterY);
+    else if (first == "scroll")
+        words.Number(r.scroll);
+    else if (first == "hiscore")
+        words.Number(r.hiScore);
+    else if (first == "data")
+        words.Number(r.dataDigest, 16);
+    else if (first == "held")
+        ParseHeld(words, r);
+    else if (first == "stick")
+        ParseStick(words, r);
+    else if (first == "event")
+        ParseEvent(words, r);
+    else if (first == "frame")
+        ParseFrames(words, r);
+    else if (first == "end")
+        ParseEnd(words, r), ended = true;
+    else
+        return false;
     return words.Good();
 }
 
@@ -238,7 +252,8 @@ std::string ParseRecording(std::string_view text, Recording& recording) {
     bool ended = false;
     for (int number = 2; std::getline(lines, line); ++number) {
         if (line.empty()) continue;
-        if (!ParseLine(line, r, ended)) return "line " + std::to_string(number) + ": not understood: " + line.substr(0, 60);
+        if (!ParseLine(line, r, ended))
+            return "line " + std::to_string(number) + ": not understood: " + line.substr(0, 60);
     }
     if (!ended) return "the end line is missing: the recording is cut off";
     recording = std::move(r);
@@ -248,6 +263,7 @@ std::string ParseRecording(std::string_view text, Recording& recording) {
 std::string ReadRecording(const std::string& path, Recording& recording) {
     const FileBytes file = ReadWholeFile(path);
     if (file.error != FileError::none) return path + ": " + file.reason;
-    const std::string error = ParseRecording({reinterpret_cast<const char*>(file.bytes.data()), file.bytes.size()}, recording);
+    const std::string error =
+        ParseRecording({reinterpret_cast<const char*>(file.bytes.data()), file.bytes.size()}, recording);
     return error.empty() ? "" : path + ": " + error;
 }

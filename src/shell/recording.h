@@ -61,10 +61,10 @@ struct Recording {
     std::vector<HeldKey> held;
     std::vector<InputEvent> sticks;
     std::vector<RecordedEvent> events;
-    std::vector<FrameDigest> frames; // frames[0] is the first one
+    std::vector<FrameDigest> frames;  // frames[0] is the first one
     int endScore = 0;
     float endEnergy = 0;
-    std::uint64_t endDigest = 0; // 0: cut off
+    std::uint64_t endDigest = 0;  // 0: cut off
 
     bool operator==(const Recording&) const = default;
 };
@@ -89,8 +89,8 @@ enum class ReplayState { none, waiting, playing, finished, differs };
 
 struct ReplayResult {
     ReplayState state = ReplayState::none;
-    int frame = 0;         // frames played; where it differs: the first such frame
-    std::string message{}; // where it differs: the groups and their values
+    int frame = 0;          // frames played; where it differs: the first such frame
+    std::string message{};  // where it differs: the groups and their values
 };
 
 // Sets options, seed and watchers so that the next game plays `recording`: at the title it starts by itself. Only

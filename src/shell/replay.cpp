@@ -38,7 +38,7 @@ void GameStarted(std::uint64_t) {
     result.state = ReplayState::playing;
 }
 
-constexpr std::size_t kLongestValues = 600; // of a group, in messages
+constexpr std::size_t kLongestValues = 600;  // of a group, in messages
 
 std::string DescribeDifference(const FrameDigest& digest, const FrameDigest& wanted) {
     std::string text;
@@ -88,7 +88,9 @@ void FeedRecorded(std::vector<InputEvent>& events) {
         events.push_back(played.events[nextEvent++].event);
     }
     ++now.yield;
-    if (played.endDigest == 0 && now.frame >= static_cast<int>(played.frames.size()) && nextEvent >= played.events.size()) game.QuitGame = True;
+    if (played.endDigest == 0 && now.frame >= static_cast<int>(played.frames.size()) &&
+        nextEvent >= played.events.size())
+        game.QuitGame = True;
 }
 
 // At the title the game starts by itself; when it has been played the program ends.
@@ -124,4 +126,6 @@ void StopReplay() {
     gameWatcher = {};
 }
 
-const ReplayResult& Replay() { return result; }
+const ReplayResult& Replay() {
+    return result;
+}

@@ -18,26 +18,26 @@ inline constexpr Integer False = 0;
 
 // Table bounds. The loops over Enemy, EneShot and Star do not run to these bounds but to EnemyMax, EneShotMax and
 // StarMax, which are data set by LoadStage.
-inline constexpr int kStageEntries = 513;   // StageData 0..512
-inline constexpr int kEnemyKinds = 50;      // EnemyData 0..49
-inline constexpr int kMovePatterns = 50;    // EneMove, first index 0..49
-inline constexpr int kMoveSteps = 256;      // EneMove, second index 0..255
-inline constexpr int kEnemySlots = 41;      // Enemy 0..40
-inline constexpr int kEneShotSlots = 100;   // EneShot 0..99
-inline constexpr int kMyShotSlots = 51;     // MyShot 0..50
-inline constexpr int kStarSlots = 21;       // Star 0..20
-inline constexpr int kTrailPositions = 6;   // EneShot TX, TY 0..5
-inline constexpr int kShotDirections = 8;   // ShotDir 0..7
-inline constexpr int kShipFrames = 3;       // MyShipChr, first index 0..2
-inline constexpr int kJoyButtonMasks = 5;   // JoyButtonMask 0..4
+inline constexpr int kStageEntries = 513;  // StageData 0..512
+inline constexpr int kEnemyKinds = 50;     // EnemyData 0..49
+inline constexpr int kMovePatterns = 50;   // EneMove, first index 0..49
+inline constexpr int kMoveSteps = 256;     // EneMove, second index 0..255
+inline constexpr int kEnemySlots = 41;     // Enemy 0..40
+inline constexpr int kEneShotSlots = 100;  // EneShot 0..99
+inline constexpr int kMyShotSlots = 51;    // MyShot 0..50
+inline constexpr int kStarSlots = 21;      // Star 0..20
+inline constexpr int kTrailPositions = 6;  // EneShot TX, TY 0..5
+inline constexpr int kShotDirections = 8;  // ShotDir 0..7
+inline constexpr int kShipFrames = 3;      // MyShipChr, first index 0..2
+inline constexpr int kJoyButtonMasks = 5;  // JoyButtonMask 0..4
 
 // One entry of an appearance table: an enemy to send in, or a command (stage_script.h lists the commands).
 struct StageDataType {
-    Single X;        // left edge of the enemy; 700 = a random left edge; repeat: the entry to jump to
-    Single Y;        // top edge of the enemy; repeat: the repeats left
-    Integer No;      // 0..238 enemy kind, 239..256 command
-    Integer Counter; // frames since the previous entry was taken
-    Byte Power;      // hit points; repeat: the count to reload
+    Single X;         // left edge of the enemy; 700 = a random left edge; repeat: the entry to jump to
+    Single Y;         // top edge of the enemy; repeat: the repeats left
+    Integer No;       // 0..238 enemy kind, 239..256 command
+    Integer Counter;  // frames since the previous entry was taken
+    Byte Power;       // hit points; repeat: the count to reload
 
     bool operator==(const StageDataType&) const = default;
 };
@@ -48,8 +48,8 @@ struct EnemyDataType {
     Integer SY;     // sprite row on the sheet; the mask row lies Height below
     Integer Width;  // of the sprite; also the step from frame to frame
     Integer Height;
-    Byte BomType;   // 0, 1, 2: an explosion of 32, 64, 128 pixels; other: none drawn
-    Byte MoveNo;    // movement pattern 0..49
+    Byte BomType;  // 0, 1, 2: an explosion of 32, 64, 128 pixels; other: none drawn
+    Byte MoveNo;   // movement pattern 0..49
     Byte Score;
 
     bool operator==(const EnemyDataType&) const = default;
@@ -57,10 +57,10 @@ struct EnemyDataType {
 
 // One step of a movement pattern.
 struct EneMoveType {
-    Single DX;  // x increment; jump and repeat: the target step
-    Single DY;  // y increment; repeat: the repeat count
-    Byte Anime; // sprite frame shown on plain move steps
-    Byte Flag;  // 0, 12..252 move; 1..11 fire; 253 jump; 254 repeat; 255 end
+    Single DX;   // x increment; jump and repeat: the target step
+    Single DY;   // y increment; repeat: the repeat count
+    Byte Anime;  // sprite frame shown on plain move steps
+    Byte Flag;   // 0, 12..252 move; 1..11 fire; 253 jump; 254 repeat; 255 end
 
     bool operator==(const EneMoveType&) const = default;
 };
@@ -72,11 +72,11 @@ struct EnemyType {
     Byte Kind;
     Single HP;
     Byte Anime;
-    Integer State;     // 0 free, 1 alive, 2 exploding
-    Integer BomFrame;  // explosion frame 0..6
-    Integer Step;      // current step of the movement pattern
-    Integer Looping;   // 1 while a repeat step is counting
-    Integer LoopCount; // repeats left
+    Integer State;      // 0 free, 1 alive, 2 exploding
+    Integer BomFrame;   // explosion frame 0..6
+    Integer Step;       // current step of the movement pattern
+    Integer Looping;    // 1 while a repeat step is counting
+    Integer LoopCount;  // repeats left
 
     bool operator==(const EnemyType&) const = default;
 };
@@ -86,14 +86,14 @@ struct EneShotType {
     Byte Kind;
     Single X;
     Single Y;
-    Single TX[kTrailPositions]; // trail, newest first
+    Single TX[kTrailPositions];  // trail, newest first
     Single TY[kTrailPositions];
     Single VX;
     Single VY;
-    Byte Used;      // 1 in flight
-    Byte Count;     // frames, or contacts with an edge
-    Byte Turns;     // re-aims done
-    Byte TrailWait; // frames since the trail moved
+    Byte Used;       // 1 in flight
+    Byte Count;      // frames, or contacts with an edge
+    Byte Turns;      // re-aims done
+    Byte TrailWait;  // frames since the trail moved
 
     bool operator==(const EneShotType&) const = default;
 };
@@ -102,16 +102,16 @@ struct EneShotType {
 struct MyShotType {
     Single X;
     Single Y;
-    Single VX;    // added to X each frame
-    Single VY;    // subtracted from Y each frame: positive flies up
-    Integer Used; // 1 in flight
+    Single VX;     // added to X each frame
+    Single VY;     // subtracted from Y each frame: positive flies up
+    Integer Used;  // 1 in flight
 
     bool operator==(const MyShotType&) const = default;
 };
 
 struct StarType {
-    Integer X; // 0..320
-    Integer Y; // 0..480
+    Integer X;  // 0..320
+    Integer Y;  // 0..480
     Integer Speed;
 
     bool operator==(const StarType&) const = default;
@@ -147,13 +147,13 @@ struct GameState {
     StageDataType StageData[kStageEntries];
     EnemyDataType EnemyData[kEnemyKinds];
     EneMoveType EneMove[kMovePatterns][kMoveSteps];
-    EnemyType Enemy[kEnemySlots];      // slots 21..25 also carry the ship's death explosions
+    EnemyType Enemy[kEnemySlots];  // slots 21..25 also carry the ship's death explosions
     EneShotType EneShot[kEneShotSlots];
     MyShotType MyShot[kMyShotSlots];
     StarType Star[kStarSlots];
     DirectionType ShotDir[kShotDirections];
-    Integer MyShipChr[kShipFrames][2]; // source x, y of each ship frame
-    std::vector<Byte> Wave1Data;       // whole wave file and one zero byte
+    Integer MyShipChr[kShipFrames][2];  // source x, y of each ship frame
+    std::vector<Byte> Wave1Data;        // whole wave file and one zero byte
     std::vector<Byte> Wave2Data;
     Integer JoyButtonMask[kJoyButtonMasks];
     ScoresType Scores;
@@ -163,15 +163,15 @@ struct GameState {
     Integer ScreenH;
     Long FrameStart;
     Long FrameEnd;
-    Long FrameWork; // the frame's work, without the wait
-    Long FrameTime; // the whole frame
+    Long FrameWork;  // the frame's work, without the wait
+    Long FrameTime;  // the whole frame
     Long Fps;
     Long FpsNext;
     Long FpsNow;
 
     // Modes, options and flow.
-    Byte DigestMode; // 0 normal play, 2 stage 2 alone, 3 stage 3 alone, 4 score attack
-    Integer Level;   // 1 Easy, 2 Nomal, 5 Hard
+    Byte DigestMode;  // 0 normal play, 2 stage 2 alone, 3 stage 3 alone, 4 score attack
+    Integer Level;    // 1 Easy, 2 Nomal, 5 Hard
     Integer QuitGame;
     Integer AllClear;
     Integer BgmLoop;
@@ -180,12 +180,12 @@ struct GameState {
     Long HiScore;
 
     // Stage script.
-    Integer StageNo;    // 0 score attack, 1..3
-    Integer StageIndex; // entry the script is waiting on
-    Integer StageTimer; // frames since the last entry was taken
+    Integer StageNo;     // 0 score attack, 1..3
+    Integer StageIndex;  // entry the script is waiting on
+    Integer StageTimer;  // frames since the last entry was taken
     Integer BossDefeated;
     Integer StageClear;
-    Integer GameOver;   // 1 once the destroyed ship has sunk off the screen
+    Integer GameOver;  // 1 once the destroyed ship has sunk off the screen
     Long MessageCount;
 
     // Background.
@@ -204,14 +204,14 @@ struct GameState {
     Single MyPower;
     Integer MyDead;
     Integer DeadCount;
-    Byte ShotMode; // 0 forward, 1 spread
+    Byte ShotMode;  // 0 forward, 1 spread
     Integer MyShotWait;
-    bool ModeKeyFree; // neither Z nor button 1 was pressed at the last check
+    bool ModeKeyFree;  // neither Z nor button 1 was pressed at the last check
 
     // Enemies.
     Integer EnemyMax;
     Integer EneShotMax;
-    Integer BomWait;      // shared by all explosions
+    Integer BomWait;  // shared by all explosions
     Integer HitSoundWait;
 
     // Joystick.
@@ -220,7 +220,7 @@ struct GameState {
     Long JoyCenterX;
     Long JoyCenterY;
 
-    std::uint64_t RandomState; // of Rnd (random.h)
+    std::uint64_t RandomState;  // of Rnd (random.h)
 
     bool operator==(const GameState&) const = default;
 };

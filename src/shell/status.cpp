@@ -10,7 +10,7 @@
 namespace {
 
 constexpr At kStatusPlace = {5, 2};
-constexpr Long kFpsInterval = 250; // ms
+constexpr Long kFpsInterval = 250;  // ms
 
 // At least `digits` digits, zero-padded; a minus sign stands before them.
 std::string Padded(std::int64_t value, std::size_t digits) {

@@ -17,10 +17,10 @@ namespace {
 constexpr int kTitleBitmap = 102;
 constexpr int kBackgroundBitmap = 101;
 constexpr int kInformationBitmap = 103;
-constexpr Long kIdleTime = 6000; // ms, of the title and of the information screen
+constexpr Long kIdleTime = 6000;  // ms, of the title and of the information screen
 constexpr Long kGamePause = 500;
 constexpr Long kPollingStep = 10;
-constexpr int kSlideStep = 2; // pixels
+constexpr int kSlideStep = 2;  // pixels
 constexpr int kStartButton = 2;
 
 // Starts count by a press of the button that began after the screen came up; Space starts at once.
@@ -62,8 +62,8 @@ void ShowInfoScreen() {
     StartKeys keys;
     for (;;) {
         ScrollBackground();
-        BitBlt(MainForm.Crt, 0, 0, MainForm.MessagePic.imageWidth, MainForm.MessagePic.imageHeight,
-               MainForm.MessagePic, 0, 0, SRCPAINT);
+        BitBlt(MainForm.Crt, 0, 0, MainForm.MessagePic.imageWidth, MainForm.MessagePic.imageHeight, MainForm.MessagePic,
+               0, 0, SRCPAINT);
         ShowNow(MainForm.Crt);
         DoEvents();
         const bool timeIsUp = ElapsedMs(game.FrameStart) >= kIdleTime;

@@ -10,7 +10,8 @@
 
 namespace byte_order {
 template <typename T>
-using Bits = std::conditional_t<sizeof(T) == 4, std::uint32_t, std::conditional_t<sizeof(T) == 2, std::uint16_t, std::uint8_t>>;
+using Bits =
+    std::conditional_t<sizeof(T) == 4, std::uint32_t, std::conditional_t<sizeof(T) == 2, std::uint16_t, std::uint8_t>>;
 }
 
 // Reading past the end gives zeros.

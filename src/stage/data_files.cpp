@@ -6,7 +6,9 @@
 
 namespace {
 
-std::string_view BareName(std::string_view name) { return name.substr(name.starts_with('\\') ? 1 : 0); }
+std::string_view BareName(std::string_view name) {
+    return name.substr(name.starts_with('\\') ? 1 : 0);
+}
 
 // The file's bytes when it holds at least `size`; else `message` says what is wrong.
 std::vector<std::uint8_t> ReadTableFile(std::string_view name, std::size_t size, std::string& message) {
@@ -32,11 +34,16 @@ std::string WriteTableFile(std::string_view name, std::span<const std::uint8_t> 
 
 std::string_view StageFileOf(Byte digestMode) {
     switch (digestMode) {
-        case 0: return "\\STAGE1.DAT";
-        case 2: return "\\STAGE2.DAT";
-        case 3: return "\\STAGE3.DAT";
-        case 4: return "\\Attack.DAT";
-        default: return {};
+        case 0:
+            return "\\STAGE1.DAT";
+        case 2:
+            return "\\STAGE2.DAT";
+        case 3:
+            return "\\STAGE3.DAT";
+        case 4:
+            return "\\Attack.DAT";
+        default:
+            return {};
     }
 }
 
@@ -61,9 +68,15 @@ std::string ReadEneMove() {
     return message;
 }
 
-std::string WriteStageData(std::string_view name) { return WriteTableFile(name, EncodeStageData(game.StageData)); }
-std::string WriteEnemyData() { return WriteTableFile(kEnemyDataFile, EncodeEnemyData(game.EnemyData)); }
-std::string WriteEneMove() { return WriteTableFile(kEneMoveFile, EncodeEneMove(game.EneMove)); }
+std::string WriteStageData(std::string_view name) {
+    return WriteTableFile(name, EncodeStageData(game.StageData));
+}
+std::string WriteEnemyData() {
+    return WriteTableFile(kEnemyDataFile, EncodeEnemyData(game.EnemyData));
+}
+std::string WriteEneMove() {
+    return WriteTableFile(kEneMoveFile, EncodeEneMove(game.EneMove));
+}
 
 void EndOnError(const std::string& message) {
     if (message.empty()) return;

@@ -11,8 +11,8 @@
 
 #include "shell/state.h"
 
-inline constexpr std::string_view kEnemyDataFile = "\\EnemyData.DAT"; // 50 kinds, 550 bytes
-inline constexpr std::string_view kEneMoveFile = "\\EneMove.DAT";     // 50 patterns of 256 steps, 128000 bytes
+inline constexpr std::string_view kEnemyDataFile = "\\EnemyData.DAT";  // 50 kinds, 550 bytes
+inline constexpr std::string_view kEneMoveFile = "\\EneMove.DAT";      // 50 patterns of 256 steps, 128000 bytes
 
 // The appearance file (513 entries, 6669 bytes) of a play-start choice: 0 "\\STAGE1.DAT", 2 "\\STAGE2.DAT",
 // 3 "\\STAGE3.DAT", 4 "\\Attack.DAT"; empty for any other.

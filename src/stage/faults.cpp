@@ -25,6 +25,10 @@ void ReportFault(Fault fault, const std::string& where) {
     if (seen[index]++ == 0) LogLine(where + ": " + kFaultTexts[index]);
 }
 
-void ForgetFaults() { seen.fill(0); }
+void ForgetFaults() {
+    seen.fill(0);
+}
 
-int FaultsSeen(Fault fault) { return seen[static_cast<std::size_t>(fault)]; }
+int FaultsSeen(Fault fault) {
+    return seen[static_cast<std::size_t>(fault)];
+}

@@ -19,8 +19,8 @@ constexpr int kBomBitmap = 150;
 constexpr int kEnemyBitmap = 250;
 constexpr int kMessageBitmap = 300;
 constexpr int kEmptiedSize = 16;
-constexpr int kStageStarSpeeds = 11;  // 6..16
-constexpr int kAttackStarSpeeds = 19; // 6..24
+constexpr int kStageStarSpeeds = 11;   // 6..16
+constexpr int kAttackStarSpeeds = 19;  // 6..24
 
 void LoadPictures() {
     SetPicture(MainForm.B_Crt, LoadResPicture(kBackgroundBitmap));
@@ -106,7 +106,7 @@ void BuildStars(int speeds) {
 
 struct FirstStage {
     Byte digestMode;
-    bool background; // else plain black
+    bool background;  // else plain black
     Integer stageNo;
     const char* music;
 };
@@ -126,7 +126,7 @@ void StartStage(const FirstStage& stage) {
     EndOnError(ReadStageData(StageFileOf(stage.digestMode)));
     OpenMidi(stage.music);
     game.StageNo = stage.stageNo;
-    if (stage.stageNo == 0) game.Level = 2; // score attack ignores the difficulty
+    if (stage.stageNo == 0) game.Level = 2;  // score attack ignores the difficulty
     PlayMidi(True);
     if (stage.stageNo == 0) BuildStars(kAttackStarSpeeds);
 }

@@ -1,9 +1,9 @@
 // Setting up a new game.
 #pragma once
 
-// Puts the pictures in place, reads the sounds and the tables, resets everything that play changes, and starts the first
-// stage of the chosen play with its music. Called once per game by GameLoop, after the random numbers are seeded and
-// before the first frame. A missing or short table ends the program with a message (EndProgram, status 1).
+// Puts the pictures in place, reads the sounds and the tables, resets everything that play changes, and starts the
+// first stage of the chosen play with its music. Called once per game by GameLoop, after the random numbers are seeded
+// and before the first frame. A missing or short table ends the program with a message (EndProgram, status 1).
 void LoadStage();
 
 // The ship in its starting place.

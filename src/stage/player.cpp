@@ -12,8 +12,8 @@ constexpr Byte kLevelFrame = 0, kLeftFrame = 1, kRightFrame = 2;
 
 struct Steering {
     Byte frame;
-    int x; // -1 left, 1 right
-    int y; // -1 up, 1 down
+    int x;  // -1 left, 1 right
+    int y;  // -1 up, 1 down
 };
 // By direction code. Two devices steering at once give codes OR-ed together; those outside the table steer nothing.
 constexpr Steering kSteering[] = {
@@ -29,10 +29,10 @@ constexpr Steering kSteering[] = {
 };
 
 constexpr int kSinkSpeed = 4;
-constexpr int kSunkBelow = 10;        // the ship has sunk this far below the playfield
+constexpr int kSunkBelow = 10;  // the ship has sunk this far below the playfield
 constexpr Integer kSunkY = 490;
-constexpr Integer kGameOverWait = 700; // frames
-constexpr Integer kBurstInterval = 3;  // frames
+constexpr Integer kGameOverWait = 700;  // frames
+constexpr Integer kBurstInterval = 3;   // frames
 constexpr int kFirstBurstSlot = 21, kLastBurstSlot = 25;
 
 // Only the side moved towards is tested.

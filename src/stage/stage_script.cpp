@@ -24,15 +24,19 @@ constexpr int kLastBossBitmap = 202;
 constexpr Byte kBoss1 = 37;
 constexpr Byte kBoss2 = 38;
 constexpr Byte kLastBoss = 39;
-constexpr Long kStagePause = 1000; // ms
-constexpr double kEnergyBonus = 500; // points per unit of energy
+constexpr Long kStagePause = 1000;    // ms
+constexpr double kEnergyBonus = 500;  // points per unit of energy
 
 // What follows a command: the entry StageIndex names is taken, or the script is done for this frame.
 enum class Then { takeEntry, leave };
 
-bool InTable(Integer index) { return index >= 0 && index < kStageEntries; }
+bool InTable(Integer index) {
+    return index >= 0 && index < kStageEntries;
+}
 
-std::string EntryName(int index) { return "appearance table, entry " + std::to_string(index); }
+std::string EntryName(int index) {
+    return "appearance table, entry " + std::to_string(index);
+}
 
 void ClearStage() {
     if (game.GameOver == 0) {
@@ -128,20 +132,33 @@ Then Repeat(StageDataType& entry) {
 
 Then PerformCommand(StageDataType& entry) {
     switch (entry.No) {
-        case kStageClear: ClearStage(); return Then::leave;
-        case kNextStage: return NextStage();
-        case kBossWaitStop: WaitForBoss(true); return Then::leave;
-        case kBossEntry: EnterBoss(); return Then::leave;
-        case kBossWait: WaitForBoss(false); return Then::leave;
-        case kRestart: game.StageIndex = 0; return Then::takeEntry;
-        case kRepeat: return Repeat(entry);
-        default: return Then::takeEntry;
+        case kStageClear:
+            ClearStage();
+            return Then::leave;
+        case kNextStage:
+            return NextStage();
+        case kBossWaitStop:
+            WaitForBoss(true);
+            return Then::leave;
+        case kBossEntry:
+            EnterBoss();
+            return Then::leave;
+        case kBossWait:
+            WaitForBoss(false);
+            return Then::leave;
+        case kRestart:
+            game.StageIndex = 0;
+            return Then::takeEntry;
+        case kRepeat:
+            return Repeat(entry);
+        default:
+            return Then::takeEntry;
     }
 }
 
-// The last boss comes out of a black sky: the background, the enemy sheet and the large explosions go, so everything but
-// the boss is invisible from here on, and the stars turn round. The picture of the large explosions comes back with the
-// boss's own.
+// The last boss comes out of a black sky: the background, the enemy sheet and the large explosions go, so everything
+// but the boss is invisible from here on, and the stars turn round. The picture of the large explosions comes back with
+// the boss's own.
 void BringInLastBoss() {
     constexpr int kEmptied = 32;
     for (Surface* sheet : {&MainForm.BomPic128, &MainForm.EnemyPic}) {

@@ -3,17 +3,17 @@
 
 #include "shell/state.h"
 
-// Values of an entry's No that are commands. The others up to 256 are passed over; 0..238 send in an enemy of that kind.
-// Only enemies and passed-over entries wait for their Counter.
+// Values of an entry's No that are commands. The others up to 256 are passed over; 0..238 send in an enemy of that
+// kind. Only enemies and passed-over entries wait for their Counter.
 enum StageCommand : Integer {
     kFirstCommand = 239,
-    kStageClear = 247,   // clear music, energy bonus, clear message
-    kNextStage = 248,    // load the next stage, or end the game
-    kBossWaitStop = 249, // wait until a boss is destroyed, then stop the music
-    kBossEntry = 250,    // boss music and boss picture
-    kBossWait = 251,     // wait until a boss is destroyed
-    kRestart = 255,      // continue at entry 0
-    kRepeat = 256,       // jump back to entry X, Y more times
+    kStageClear = 247,    // clear music, energy bonus, clear message
+    kNextStage = 248,     // load the next stage, or end the game
+    kBossWaitStop = 249,  // wait until a boss is destroyed, then stop the music
+    kBossEntry = 250,     // boss music and boss picture
+    kBossWait = 251,      // wait until a boss is destroyed
+    kRestart = 255,       // continue at entry 0
+    kRepeat = 256,        // jump back to entry X, Y more times
 };
 
 // An X of exactly this asks for a random left edge.
@@ -27,6 +27,6 @@ void StageScript();
 
 // Watches the script for reports on a stage; changes nothing.
 struct StageWatcher {
-    void (*SpawnLost)(const StageDataType& entry) = nullptr; // no slot was free
+    void (*SpawnLost)(const StageDataType& entry) = nullptr;  // no slot was free
 };
 inline StageWatcher stageWatcher;

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int kBottomRow = 480; // one row below the drawing area, like column 320: clipped by the surface
+constexpr int kBottomRow = 480;  // one row below the drawing area, like column 320: clipped by the surface
 
 void Wrap(StarType& star, int row) {
     star.Y = static_cast<Integer>(row);

@@ -27,7 +27,19 @@ std::vector<InputEvent> DesktopTest::Pump() {
     return WithoutJoysticks(events);
 }
 
-void DesktopTest::Later(int ms, std::function<void()> step) { QTimer::singleShot(ms, std::move(step)); }
+void DesktopTest::Later(int ms, std::function<void()> step) {
+    QTimer::singleShot(ms, std::move(step));
+}
+
+TemporaryFolder::TemporaryFolder(const std::filesystem::path& content) {
+    std::string pattern = (std::filesystem::temp_directory_path() / "tarnveil-desktop-XXXXXX").string();
+    path = mkdtemp(pattern.data());
+    if (!content.empty()) std::filesystem::copy(content, path, std::filesystem::copy_options::recursive);
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::filesystem::remove_all(path);
+}
 
 std::vector<InputEvent> WithoutJoysticks(std::vector<InputEvent> events) {
     std::erase_if(events, [](const InputEvent& event) {

@@ -6,6 +6,7 @@
 
 #include <QtCore/QTimer>
 #include <QtTest/QTest>
+#include <filesystem>
 #include <functional>
 #include <vector>
 
@@ -26,6 +27,16 @@ class DesktopTest : public testing::Test {
 
     desktop::PictureView& View() { return desktop::TheHost().window->View(); }
     desktop::MenuView& Menus() { return desktop::TheHost().window->Menus(); }
+};
+
+// A folder of its own that is removed with everything in it; with a copy of `content` unless that is empty.
+struct TemporaryFolder {
+    explicit TemporaryFolder(const std::filesystem::path& content = {});
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    std::filesystem::path path;
 };
 
 // The events without joysticks: a machine may have some.

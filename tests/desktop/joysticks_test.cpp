@@ -137,7 +137,7 @@ TEST_F(JoysticksTest, TwoDevicesHaveASlotEachAndComeAndGo) {
 }
 
 TEST_F(JoysticksTest, ItsReadingsReachTheGame) {
-    ShowMainForm(); // as Main does: what is plugged in has reported when it returns
+    ShowMainForm();  // as Main does: what is plugged in has reported when it returns
     InitJoystick();
     ASSERT_EQ(True, game.JoyUse);
     EXPECT_EQ(0, game.JoyId);

@@ -72,7 +72,7 @@ TEST(KeyboardTest, AKeyComesUpAsWhatItWentDown) {
     desktop::Keyboard keyboard;
     std::vector<InputEvent> events;
     keyboard.Press({'x', 53, Qt::Key_X}, events);
-    keyboard.Release({0x00B1, 53, Qt::Key_plusminus}, events); // AltGr went down meanwhile
+    keyboard.Release({0x00B1, 53, Qt::Key_plusminus}, events);  // AltGr went down meanwhile
     EXPECT_EQ((std::vector<InputEvent>{{Kind::keyDown, VK_X}, {Kind::keyUp, VK_X}}), events);
 }
 

@@ -5,6 +5,7 @@
 
 #include "desktop_test.h"
 #include "platform/events.h"
+#include "platform/folder.h"
 #include "platform/input_state.h"
 #include "platform/surface.h"
 #include "shell/game_loop.h"
@@ -89,9 +90,13 @@ TEST_F(MainWindowTest, ClosingDuringAGameUnwindsAllLoops) {
     gameWatcher.FrameDone = [] {
         if (++frames == 3) desktop::TheHost().window->close();
     };
+    const TemporaryFolder folder(std::filesystem::path(TARNVEIL_ASSETS) / "data");
+    SetProgramFolder(folder.path.string());
     Later(1, [this] { QTest::keyPress(&View(), Qt::Key_Space); });
     EXPECT_THROW(TitleScreen(), EndProgram);
     gameWatcher = {};
+    SetProgramFolder(".");
+    EXPECT_FALSE(std::filesystem::exists(folder.path / "Scores.DAT")) << "nothing is saved on the way out";
     EXPECT_EQ(3, frames);
 }
 

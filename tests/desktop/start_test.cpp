@@ -1,6 +1,4 @@
 // The start of the program: its command line and its folder.
-#include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -8,6 +6,7 @@
 #include <fstream>
 #include <map>
 
+#include "desktop_test.h"
 #include "host/clock.h"
 #include "host/desktop/options.h"
 #include "host/desktop/program_folder.h"
@@ -33,12 +32,9 @@ TEST(OptionsTest, ReadsEveryOptionInBothForms) {
 
 TEST(OptionsTest, RefusesWhatItDoesNotUnderstand) {
     const std::map<std::string, std::vector<std::string_view>> cases{
-        {"--wait: there is no such option", {"--wait"}},
-        {"file: there is no such option", {"file"}},
-        {"--folder: needs a value", {"--author", "--folder"}},
-        {"--folder: that value is no good", {"--folder="}},
-        {"--author: takes no value", {"--author=yes"}},
-        {"--seed: that value is no good", {"--seed", "12x"}},
+        {"--wait: there is no such option", {"--wait"}},       {"file: there is no such option", {"file"}},
+        {"--folder: needs a value", {"--author", "--folder"}}, {"--folder: that value is no good", {"--folder="}},
+        {"--author: takes no value", {"--author=yes"}},        {"--seed: that value is no good", {"--seed", "12x"}},
     };
     for (const auto& [error, line] : cases) EXPECT_EQ(error, ParseOptions(line).error);
     for (const auto* seed : {"", "-1", "x", "18446744073709551616", " 1"}) {
@@ -55,23 +51,18 @@ TEST(OptionsTest, HelpNamesEveryOption) {
 class FolderTest : public testing::Test {
   protected:
     FolderTest() {
-        std::string pattern = (fs::temp_directory_path() / "tarnveil-folder-XXXXXX").string();
-        root_ = mkdtemp(pattern.data());
         fs::create_directories(Data());
         for (const auto* name : kTables) Write(Data() / name, "shipped");
         Write(Data() / "Wave1.wav", "wave");
         setenv("TARNVEIL_DATA", Data().c_str(), 1);
     }
-    ~FolderTest() override {
-        unsetenv("TARNVEIL_DATA");
-        fs::remove_all(root_);
-    }
+    ~FolderTest() override { unsetenv("TARNVEIL_DATA"); }
 
     static constexpr const char* kTables[] = {"STAGE1.DAT", "STAGE2.DAT",    "STAGE3.DAT",
                                               "Attack.DAT", "EnemyData.DAT", "EneMove.DAT"};
-    fs::path Data() const { return root_ / "data"; }
-    fs::path Bin() const { return root_ / "bin"; }
-    fs::path User() const { return root_ / "home" / "share" / "tarnveil"; }
+    fs::path Data() const { return root_.path / "data"; }
+    fs::path Bin() const { return root_.path / "bin"; }
+    fs::path User() const { return root_.path / "home" / "share" / "tarnveil"; }
     static void Write(const fs::path& path, const std::string& text) { std::ofstream(path) << text; }
     static std::string Read(const fs::path& path) {
         std::ifstream file(path);
@@ -86,7 +77,7 @@ class FolderTest : public testing::Test {
     }
 
   private:
-    fs::path root_;
+    TemporaryFolder root_;
 };
 
 TEST_F(FolderTest, TheFirstStartFillsTheUsersFolder) {
@@ -123,7 +114,7 @@ TEST_F(FolderTest, AnExecutablesFolderThatCannotBeWrittenIsNotUsed) {
 }
 
 TEST_F(FolderTest, WhatCannotBeFilledInIsTold) {
-    Write(User().parent_path().parent_path(), ""); // a file where a folder must be
+    Write(User().parent_path().parent_path(), "");  // a file where a folder must be
     const auto problems = desktop::FillFolder(User(), Data());
     ASSERT_EQ(1u, problems.size());
     EXPECT_NE(std::string::npos, problems[0].find(User().string()));

@@ -25,7 +25,9 @@ Host::Host(int& argc, char** argv) : application(WithWholePixels(argc), argv) {
     ApplyLook(application);
 }
 
-Host::~Host() { theHost = nullptr; }
+Host::~Host() {
+    theHost = nullptr;
+}
 
 Host& TheHost() {
     assert(theHost);

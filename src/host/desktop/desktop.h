@@ -19,10 +19,10 @@ struct Host {
     Host& operator=(const Host&) = delete;
 
     QApplication application;
-    std::vector<InputEvent> events; // since the last yield, in the order they came
+    std::vector<InputEvent> events;  // since the last yield, in the order they came
     Joysticks joysticks;
-    std::unique_ptr<MainWindow> window; // from ShowMainForm on
-    FormWindow* form = nullptr;         // the form that is shown on top, or null
+    std::unique_ptr<MainWindow> window;  // from ShowMainForm on
+    FormWindow* form = nullptr;          // the form that is shown on top, or null
 };
 
 // The one host.

@@ -1,6 +1,7 @@
 #include "host/desktop/form_widgets.h"
 
 #include <QtCore/QSignalBlocker>
+#include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QGroupBox>
@@ -11,12 +12,15 @@
 #include <QtWidgets/QStyleOptionSlider>
 #include <QtWidgets/QStylePainter>
 #include <algorithm>
+#include <map>
 
 namespace desktop {
 
 namespace {
 
-QRect RectOf(const Place& place) { return {place.Left, place.Top, place.Width, place.Height}; }
+QRect RectOf(const Place& place) {
+    return {place.Left, place.Top, place.Width, place.Height};
+}
 
 // Labels and fields do not treat "&" specially, so the doubling is undone here.
 QString PlainCaption(const Control& control) {
@@ -25,7 +29,7 @@ QString PlainCaption(const Control& control) {
 
 // How far to the right a label may reach: to the next control on its line or the edge of its container.
 int RightLimit(const QLabel& label, const QRect& place) {
-    constexpr int kTouching = 2; // neighbours whose places overlap by a pixel are neighbours all the same
+    constexpr int kTouching = 2;  // neighbours whose places overlap by a pixel are neighbours all the same
     int limit = label.parentWidget()->width();
     for (const QWidget* other : label.parentWidget()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
         const QRect box = other->geometry();
@@ -40,14 +44,16 @@ int RightLimit(const QLabel& label, const QRect& place) {
 void SyncLabel(QLabel& label, const Control& control) {
     const QString text = PlainCaption(control);
     QRect box = RectOf(control.At);
-    const int wanted = std::max(box.width(), label.fontMetrics().horizontalAdvance(text));
+    const int textWidth = label.fontMetrics().horizontalAdvance(text);
+    const int wanted = std::max(box.width(), textWidth);
     if (control.RightAligned) {
         box.setLeft(box.right() + 1 - wanted);
     } else {
         box.setWidth(std::min(wanted, std::max(box.width(), RightLimit(label, box) - box.left())));
     }
-    label.setText(label.fontMetrics().elidedText(text, Qt::ElideRight, box.width()));
-    label.setToolTip(label.text() == text ? QString() : text);
+    const bool fits = textWidth <= box.width();
+    label.setText(fits ? text : label.fontMetrics().elidedText(text, Qt::ElideRight, box.width()));
+    label.setToolTip(fits ? QString() : text);
     box.setHeight(std::max(box.height(), label.sizeHint().height()));
     label.setGeometry(box);
 }
@@ -61,7 +67,7 @@ QWidget* MakeLabel(const Control& control, QWidget* parent) {
 
 QWidget* MakeButton(QWidget* parent) {
     auto* button = new QPushButton(parent);
-    button->setAutoDefault(false); // Enter presses the focused button only
+    button->setAutoDefault(false);  // Enter presses the focused button only
     return button;
 }
 
@@ -109,6 +115,17 @@ void FormScrollBar::LetGo() {
     QApplication::sendEvent(this, &release);
 }
 
+void FormScrollBar::keyPressEvent(QKeyEvent* event) {
+    static const std::map<int, SliderAction> kActions = {
+        {Qt::Key_Left, SliderSingleStepSub}, {Qt::Key_Up, SliderSingleStepSub},   {Qt::Key_Right, SliderSingleStepAdd},
+        {Qt::Key_Down, SliderSingleStepAdd}, {Qt::Key_PageUp, SliderPageStepSub}, {Qt::Key_PageDown, SliderPageStepAdd},
+        {Qt::Key_Home, SliderToMinimum},     {Qt::Key_End, SliderToMaximum},
+    };
+    const auto action = kActions.find(event->key());
+    if (action == kActions.end()) return event->ignore();
+    triggerAction(action->second);
+}
+
 void FormScrollBar::paintEvent(QPaintEvent* event) {
     QScrollBar::paintEvent(event);
     if (!hasFocus()) return;
@@ -136,7 +153,7 @@ void FormScrollBar::focusOutEvent(QFocusEvent* event) {
 
 QWidget* MakeWidget(const Control& control, QWidget* parent) {
     QWidget* widget = MakeBare(control, parent);
-    constexpr int kLineWidth = 1; // a line's place may have no height
+    constexpr int kLineWidth = 1;  // a line's place may have no height
     QRect place = RectOf(control.At);
     if (control.Kind == ControlKind::line) place.setHeight(std::max(place.height(), kLineWidth));
     widget->setGeometry(place);

@@ -18,6 +18,8 @@ class FormScrollBar final : public QScrollBar {
     void LetGo();
 
   protected:
+    // Left and Up go back, Right and Down go on, whichever way the bar lies. Qt's own keys differ from bar to bar.
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;

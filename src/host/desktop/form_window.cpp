@@ -27,7 +27,7 @@ void FormWindow::Build() {
             if ((control.Kind == ControlKind::frame) != framesNow) continue;
             QWidget* container = control.Container.empty() ? this : widgets_.at(control.Container);
             QWidget* widget = MakeWidget(control, container);
-            if (qobject_cast<QLabel*>(widget)) widget->lower(); // a long text goes under its neighbours
+            if (qobject_cast<QLabel*>(widget)) widget->lower();  // a long text goes under its neighbours
             widgets_[control.Name] = widget;
             Connect(*widget, control);
         }
@@ -37,13 +37,15 @@ void FormWindow::Build() {
 void FormWindow::Connect(QWidget& widget, const Control& control) {
     const std::string name = control.Name;
     if (auto* field = qobject_cast<QLineEdit*>(&widget)) {
-        connect(field, &QLineEdit::textEdited, this,
-                [this, name](const QString& text) { queue_.push_back({Act::type, name, text.toStdString()}); });
+        connect(field, &QLineEdit::textEdited, this, [this, name](const QString& text) {
+            queue_.push_back({Act::type, name, text.toStdString()});
+        });
     } else if (auto* button = qobject_cast<QPushButton*>(&widget)) {
         connect(button, &QPushButton::clicked, this, [this, name] { queue_.push_back({Act::click, name}); });
     } else if (auto* bar = qobject_cast<QScrollBar*>(&widget)) {
-        connect(bar, &QScrollBar::valueChanged, this,
-                [this, name](int value) { queue_.push_back({Act::scroll, name, {}, value}); });
+        connect(bar, &QScrollBar::valueChanged, this, [this, name](int value) {
+            queue_.push_back({Act::scroll, name, {}, value});
+        });
     }
     if (TakesFocus(control.Kind)) widget.installEventFilter(this);
 }
@@ -112,7 +114,7 @@ void FormWindow::SyncFocus() {
     const Control* control = FocusedControl();
     if (!control) return;
     QWidget* widget = widgets_.at(control->Name);
-    if (focusWidget() != widget) widget->setFocus(Qt::TabFocusReason); // as by Tab: the field's text is selected
+    if (focusWidget() != widget) widget->setFocus(Qt::TabFocusReason);  // as by Tab: the field's text is selected
 }
 
 // Only the user's own moves count: when the window comes back to the front, the data already say where the focus is.
@@ -125,7 +127,9 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     return QDialog::eventFilter(watched, event);
 }
 
-void FormWindow::reject() { queue_.push_back({Act::close}); }
+void FormWindow::reject() {
+    queue_.push_back({Act::close});
+}
 
 void FormWindow::closeEvent(QCloseEvent* event) {
     event->ignore();

@@ -21,7 +21,7 @@ class FormWindow final : public QDialog {
     // Shows the data as it is now: texts, captions, values, focus. A scroll bar that was taken back moves back.
     void Sync();
 
-    void reject() override; // Esc
+    void reject() override;  // Esc
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   protected:

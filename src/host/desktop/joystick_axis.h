@@ -20,6 +20,7 @@ constexpr std::uint32_t CalibratedAxis(int raw) {
     return static_cast<std::uint32_t>(rest + (raw - kNeutral) * (rest + 1) / (32767 - kNeutral));
 }
 
-static_assert(CalibratedAxis(-32768) == kAxisMin && CalibratedAxis(0) == kAxisRest && CalibratedAxis(32767) == kAxisMax);
+static_assert(CalibratedAxis(-32768) == kAxisMin && CalibratedAxis(0) == kAxisRest &&
+              CalibratedAxis(32767) == kAxisMax);
 
 }  // namespace desktop

@@ -82,12 +82,12 @@ class JoystickDevice {
     }
 
     std::unique_ptr<SDL_Joystick, CloseJoystick> joystick_;
-    std::unique_ptr<SDL_GameController, CloseController> controller_; // where the pad is made of buttons
+    std::unique_ptr<SDL_GameController, CloseController> controller_;  // where the pad is made of buttons
 };
 
 Joysticks::Joysticks() {
-    SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1"); // the window is not SDL's
-    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");               // Ctrl-C in the terminal must end the program
+    SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");  // the window is not SDL's
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");                // Ctrl-C in the terminal must end the program
     working_ = SDL_InitSubSystem(SDL_INIT_JOYSTICK | SDL_INIT_GAMECONTROLLER) == 0;
     if (!working_) LogLine(std::string("joysticks: ") + SDL_GetError());
 }
@@ -134,7 +134,7 @@ void Joysticks::Poll(std::vector<InputEvent>& events) {
     if (!working_) return;
     SDL_JoystickUpdate();
     OpenNewDevices();
-    SDL_JoystickUpdate(); // a device that was just opened reads zeros until now
+    SDL_JoystickUpdate();  // a device that was just opened reads zeros until now
     SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
     for (int id = 0; id < kSlots; ++id) Report(id, slots_[static_cast<std::size_t>(id)], events);
 }

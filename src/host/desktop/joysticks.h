@@ -24,7 +24,7 @@ class Joysticks {
     void Poll(std::vector<InputEvent>& events);
 
   private:
-    static constexpr int kSlots = 2; // what the game looks for: joystick 0, else joystick 1
+    static constexpr int kSlots = 2;  // what the game looks for: joystick 0, else joystick 1
     struct Slot {
         std::unique_ptr<JoystickDevice> device;
         std::optional<InputEvent> reported;

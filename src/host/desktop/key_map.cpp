@@ -45,7 +45,9 @@ constexpr std::uint32_t kScanZ = 52;
 constexpr std::uint32_t kScanX = 53;
 
 // Letters beyond Latin-1. From 0xFE00 to 0xFFFF lie dead keys and keys that write nothing.
-bool IsForeignLetter(std::uint32_t symbol) { return symbol > 0xFF && (symbol < 0xFE00 || symbol > 0xFFFF); }
+bool IsForeignLetter(std::uint32_t symbol) {
+    return symbol > 0xFF && (symbol < 0xFE00 || symbol > 0xFFFF);
+}
 
 // Keys without a scan code (synthetic ones) are told apart by what Qt calls them.
 std::uint32_t PlaceOf(const NativeKey& key) {

@@ -11,9 +11,9 @@ namespace desktop {
 
 // One key as the window system names it. symbol and scan are 0 where it does not say.
 struct NativeKey {
-    std::uint32_t symbol; // X key symbol under the current layout, shift and lock states
-    std::uint32_t scan;   // X key code: the place on the keyboard
-    int qtKey;            // Qt::Key
+    std::uint32_t symbol;  // X key symbol under the current layout, shift and lock states
+    std::uint32_t scan;    // X key code: the place on the keyboard
+    int qtKey;             // Qt::Key
 };
 
 // The virtual-key code, or 0 for keys the game does not use. X and Z are found by what the layout writes on them; where
@@ -31,7 +31,7 @@ class Keyboard {
 
   private:
     bool IsDown(int code) const;
-    std::map<std::uint32_t, int> codes_; // by the key's place
+    std::map<std::uint32_t, int> codes_;  // by the key's place
 };
 
 }  // namespace desktop

@@ -2,4 +2,6 @@
 
 #include "host/files.h"
 
-void LogLine(const std::string& line) { std::fprintf(stderr, "tarnveil: %s\n", line.c_str()); }
+void LogLine(const std::string& line) {
+    std::fprintf(stderr, "tarnveil: %s\n", line.c_str());
+}

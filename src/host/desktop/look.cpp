@@ -9,8 +9,8 @@ namespace desktop {
 namespace {
 
 // Faces with half-width katakana that stay readable at 12 pixels, best first.
-constexpr const char* kFaces[] = {"VL PGothic",       "VL Gothic",           "IPAPGothic", "TakaoPGothic",
-                                  "Noto Sans CJK JP", "Droid Sans Fallback"};
+constexpr const char* kFaces[] = {"VL PGothic",   "VL Gothic",        "IPAPGothic",
+                                  "TakaoPGothic", "Noto Sans CJK JP", "Droid Sans Fallback"};
 
 QString ChooseFace() {
     for (const char* face : kFaces) {
@@ -36,7 +36,7 @@ QPalette ClassicPalette() {
 }  // namespace
 
 void ApplyLook(QApplication& application) {
-    constexpr int kTextSize = 12; // pixels
+    constexpr int kTextSize = 12;  // pixels
     QApplication::setStyle(QStyleFactory::create("windows"));
     QApplication::setPalette(ClassicPalette());
     QFont font(ChooseFace());

@@ -19,7 +19,7 @@ void SyncAction(QAction& action, const MenuItem& item) {
 }  // namespace
 
 MenuView::MenuView(QMenuBar& bar, std::vector<InputEvent>& events) : bar_(bar), events_(events) {
-    bar.setNativeMenuBar(false); // a desktop's global bar would take it out of the window
+    bar.setNativeMenuBar(false);  // a desktop's global bar would take it out of the window
     QMenu* popup = nullptr;
     for (const auto member : kMenuBar) {
         const MenuItem& item = MainForm.*member;
@@ -48,7 +48,7 @@ void MenuView::AddItem(QMenu& popup, const MenuItem& item) {
         InputEvent click{InputEvent::Kind::menu};
         click.item = item.Name;
         events_.push_back(click);
-        SyncAction(*action, item); // takes back Qt's own toggling
+        SyncAction(*action, item);  // takes back Qt's own toggling
     });
 }
 
@@ -56,7 +56,9 @@ void MenuView::Sync() {
     for (const Row& row : rows_) SyncAction(*row.action, *row.item);
 }
 
-bool MenuView::IsOpen() const { return QApplication::activePopupWidget() != nullptr || bar_.hasFocus(); }
+bool MenuView::IsOpen() const {
+    return QApplication::activePopupWidget() != nullptr || bar_.hasFocus();
+}
 
 QAction* MenuView::ActionOf(std::string_view name) const {
     for (const Row& row : rows_) {

@@ -19,7 +19,9 @@ bool ReadSoundFont(Options& options, std::string_view value) {
     return !value.empty();
 }
 
-bool ReadAuthor(Options& options, std::string_view) { return options.author = true; }
+bool ReadAuthor(Options& options, std::string_view) {
+    return options.author = true;
+}
 
 bool ReadSeed(Options& options, std::string_view value) {
     std::uint64_t seed = 0;
@@ -43,17 +45,25 @@ bool ReadScreenshots(Options& options, std::string_view value) {
     return !value.empty();
 }
 
-bool ReadAnyData(Options& options, std::string_view) { return options.anyData = true; }
+bool ReadAnyData(Options& options, std::string_view) {
+    return options.anyData = true;
+}
 
-bool ReadFast(Options& options, std::string_view) { return options.fast = true; }
+bool ReadFast(Options& options, std::string_view) {
+    return options.fast = true;
+}
 
-bool ReadHelp(Options& options, std::string_view) { return options.help = true; }
+bool ReadHelp(Options& options, std::string_view) {
+    return options.help = true;
+}
 
-bool ReadVersion(Options& options, std::string_view) { return options.version = true; }
+bool ReadVersion(Options& options, std::string_view) {
+    return options.version = true;
+}
 
 struct OptionRow {
     std::string_view name;
-    std::string_view value; // what the value is called; empty: the option takes none
+    std::string_view value;  // what the value is called; empty: the option takes none
     Reader read;
     std::string_view help;
 };
@@ -114,7 +124,7 @@ Options ParseOptions(const std::vector<std::string_view>& arguments) {
 }
 
 std::string HelpText() {
-    constexpr std::size_t kHelpColumn = 22; // wider than every option with its value
+    constexpr std::size_t kHelpColumn = 22;  // wider than every option with its value
     std::string text = "Usage: tarnveil [OPTION]...\nA vertically scrolling shooting game.\n\n";
     for (const OptionRow& row : kOptions) {
         std::string line = "  ";

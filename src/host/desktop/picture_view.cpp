@@ -1,8 +1,8 @@
 #include "host/desktop/picture_view.h"
 
+#include <QtWidgets/qdrawutil.h>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
-#include <QtWidgets/qdrawutil.h>
 
 #include <algorithm>
 
@@ -12,7 +12,9 @@ namespace desktop {
 
 namespace {
 
-NativeKey KeyOf(const QKeyEvent& event) { return {event.nativeVirtualKey(), event.nativeScanCode(), event.key()}; }
+NativeKey KeyOf(const QKeyEvent& event) {
+    return {event.nativeVirtualKey(), event.nativeScanCode(), event.key()};
+}
 
 // The drawing area as an image that shares the surface's pixels.
 QImage Wrap(const Surface& surface) {
@@ -28,7 +30,7 @@ PictureView::PictureView(const Surface& surface, std::vector<InputEvent>& events
     : QWidget(parent), shown_(Wrap(surface).copy()), events_(events) {
     setFixedSize(surface.Width, surface.Height);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setAttribute(Qt::WA_InputMethodEnabled, false); // X and Z must stay keys
+    setAttribute(Qt::WA_InputMethodEnabled, false);  // X and Z must stay keys
     setFocusPolicy(Qt::StrongFocus);
 }
 
@@ -40,7 +42,7 @@ void PictureView::Show(const Surface& surface) {
 }
 
 void PictureView::paintEvent(QPaintEvent*) {
-    QPainter painter(this); // without smoothing: a scaled screen shows square pixels
+    QPainter painter(this);  // without smoothing: a scaled screen shows square pixels
     qDrawWinPanel(&painter, rect(), palette(), true);
     painter.drawImage(kBorder, kBorder, shown_);
 }

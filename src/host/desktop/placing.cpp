@@ -18,7 +18,7 @@ void Centre(QWidget& window) {
 }
 
 void WaitUntilExposed(const QWidget& window) {
-    constexpr int kPatience = 2000, kStep = 10; // ms
+    constexpr int kPatience = 2000, kStep = 10;  // ms
     QElapsedTimer waited;
     waited.start();
     while (!window.windowHandle()->isExposed() && waited.elapsed() < kPatience) WaitForWindowEvents(kStep);

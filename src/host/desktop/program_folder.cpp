@@ -22,7 +22,7 @@ constexpr std::array kTables = {"STAGE1.DAT", "STAGE2.DAT", "STAGE3.DAT", "Attac
 // Gives a finished file its name unless something of that name has come meanwhile. Empty when done.
 std::string NameIfFree(const fs::path& finished, const fs::path& name) {
     if (link(finished.c_str(), name.c_str()) == 0 || errno == EEXIST) return {};
-    std::error_code error; // file systems without hard links
+    std::error_code error;  // file systems without hard links
     if (!fs::exists(name, error)) fs::rename(finished, name, error);
     return error ? error.message() : std::string();
 }

@@ -22,8 +22,8 @@ std::vector<std::string> FillFolder(const std::filesystem::path& folder, const s
 std::filesystem::path ChooseFolder(const std::filesystem::path& executableFolder,
                                    const std::filesystem::path& userFolder);
 
-// Where the installed data may lie, best first: TARNVEIL_DATA, the share folder beside the executable's, the source tree
-// the program was built from.
+// Where the installed data may lie, best first: TARNVEIL_DATA, the share folder beside the executable's, the source
+// tree the program was built from.
 std::vector<std::filesystem::path> DataCandidates(const std::filesystem::path& executableFolder);
 
 }  // namespace desktop

@@ -21,8 +21,8 @@ constexpr double kShotPlaces[] = {0.12, 0.45, 0.8};
 
 struct Screenshots {
     QString folder;
-    std::vector<int> frames; // still to come, last first
-    void (*frameDone)() = nullptr; // the watcher they stand before
+    std::vector<int> frames;        // still to come, last first
+    void (*frameDone)() = nullptr;  // the watcher they stand before
     int taken = 0;
 };
 Screenshots screenshots;
@@ -52,7 +52,8 @@ void FrameDone() {
 
 void PlanScreenshots(const std::string& folder, int frames) {
     screenshots.folder = QString::fromStdString(folder);
-    for (const double place : kShotPlaces) screenshots.frames.insert(screenshots.frames.begin(), static_cast<int>(frames * place));
+    for (const double place : kShotPlaces)
+        screenshots.frames.insert(screenshots.frames.begin(), static_cast<int>(frames * place));
     screenshots.frameDone = gameWatcher.FrameDone;
     gameWatcher.FrameDone = FrameDone;
 }
@@ -62,7 +63,8 @@ std::string StartReplaying(const Options& options) {
     const std::string error = ReadRecording(options.replay, recording);
     if (!error.empty()) return error;
     if (!options.anyData && DataDigest() != recording.dataDigest) {
-        return options.replay + ": the data tables are not those it was recorded with (--any-data plays it all the same)";
+        return options.replay +
+               ": the data tables are not those it was recorded with (--any-data plays it all the same)";
     }
     if (options.fast) recording.wait = false;
     StartReplay(recording);
@@ -73,13 +75,18 @@ std::string StartReplaying(const Options& options) {
 int ReportReplay(int status) {
     const ReplayResult& result = Replay();
     switch (result.state) {
-        case ReplayState::none: return status;
-        case ReplayState::finished: std::printf("The replay agrees in all %d frames.\n", result.frame); return status;
+        case ReplayState::none:
+            return status;
+        case ReplayState::finished:
+            std::printf("The replay agrees in all %d frames.\n", result.frame);
+            return status;
         case ReplayState::differs:
             std::printf("The replay differs at frame %d: %s\n", result.frame, result.message.c_str());
             return kFailed;
         case ReplayState::waiting:
-        case ReplayState::playing: std::printf("The replay was left after %d frames.\n", result.frame); return status;
+        case ReplayState::playing:
+            std::printf("The replay was left after %d frames.\n", result.frame);
+            return status;
     }
     return status;
 }

@@ -5,8 +5,8 @@
 
 namespace desktop {
 
-// Starts recording or replaying as the options ask. Called before Main. Empty, or what is wrong: a recording that cannot
-// be read, or one that belongs to other data tables (unless --any-data).
+// Starts recording or replaying as the options ask. Called before Main. Empty, or what is wrong: a recording that
+// cannot be read, or one that belongs to other data tables (unless --any-data).
 std::string StartRecordedPlay(const Options& options);
 
 // Called after the program's loops have ended: writes the recording and says how the replay went. Returns the program's

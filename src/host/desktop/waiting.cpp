@@ -8,7 +8,7 @@
 namespace desktop {
 
 void TakeWindowEvents() {
-    constexpr int kAtMost = 20; // ms: a flood of events must not stop the game
+    constexpr int kAtMost = 20;  // ms: a flood of events must not stop the game
     QCoreApplication::processEvents(QEventLoop::AllEvents, kAtMost);
 }
 

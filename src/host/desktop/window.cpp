@@ -52,7 +52,9 @@ class OnTop {
     desktop::FormWindow* below_;
 };
 
-QWidget* TopWindow() { return TheHost().form ? static_cast<QWidget*>(TheHost().form) : TheHost().window.get(); }
+QWidget* TopWindow() {
+    return TheHost().form ? static_cast<QWidget*>(TheHost().form) : TheHost().window.get();
+}
 
 bool ClosingIsAsked() {
     const auto& events = TheHost().events;
@@ -94,10 +96,12 @@ void ShowModal(Form& form) {
     }
 }
 
-void CloseModal(Form& form) { form.Shown = false; }
+void CloseModal(Form& form) {
+    form.Shown = false;
+}
 
 void MsgBox(const std::string& text, const std::string& caption) {
-    if (TheHost().form) TheHost().form->Sync(); // what the message is about must be seen
+    if (TheHost().form) TheHost().form->Sync();  // what the message is about must be seen
     QMessageBox box(QMessageBox::NoIcon, QString::fromStdString(caption), QString::fromStdString(text), QMessageBox::Ok,
                     TopWindow());
     box.setTextFormat(Qt::PlainText);

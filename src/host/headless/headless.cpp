@@ -19,8 +19,12 @@ void Reset() {
     ResetInputState();
 }
 
-void KeyDown(int virtualKey) { TheHost().events.push_back({InputEvent::Kind::keyDown, virtualKey}); }
-void KeyUp(int virtualKey) { TheHost().events.push_back({InputEvent::Kind::keyUp, virtualKey}); }
+void KeyDown(int virtualKey) {
+    TheHost().events.push_back({InputEvent::Kind::keyDown, virtualKey});
+}
+void KeyUp(int virtualKey) {
+    TheHost().events.push_back({InputEvent::Kind::keyUp, virtualKey});
+}
 
 void Tap(int virtualKey) {
     KeyDown(virtualKey);
@@ -45,9 +49,13 @@ void EndPiece() {
 
 using headless::TheHost;
 
-std::uint32_t timeGetTime() { return TheHost().now += TheHost().stepPerReading; }
+std::uint32_t timeGetTime() {
+    return TheHost().now += TheHost().stepPerReading;
+}
 
-std::uint64_t SystemClockSeed() { return TheHost().systemSeed++; }
+std::uint64_t SystemClockSeed() {
+    return TheHost().systemSeed++;
+}
 
 void PumpHost(std::vector<InputEvent>& events) {
     headless::Host& host = TheHost();
@@ -57,7 +65,9 @@ void PumpHost(std::vector<InputEvent>& events) {
     host.events.clear();
 }
 
-void ShowMainForm() { TheHost().windowShown = true; }
+void ShowMainForm() {
+    TheHost().windowShown = true;
+}
 
 void ShowNow(const Surface& surface) {
     ++TheHost().shows;
@@ -71,13 +81,21 @@ void ShowModal(Form& form) {
     form.Shown = false;
 }
 
-void CloseModal(Form& form) { form.Shown = false; }
+void CloseModal(Form& form) {
+    form.Shown = false;
+}
 
-void MsgBox(const std::string& text, const std::string&) { TheHost().messages.push_back(text); }
+void MsgBox(const std::string& text, const std::string&) {
+    TheHost().messages.push_back(text);
+}
 
-ScreenSize GetScreenSize() { return {1024, 768}; }
+ScreenSize GetScreenSize() {
+    return {1024, 768};
+}
 
-void LogLine(const std::string& line) { TheHost().log.push_back(line); }
+void LogLine(const std::string& line) {
+    TheHost().log.push_back(line);
+}
 
 bool MusicOpen(const std::string& path) {
     TheHost().audio.push_back("open " + path);
@@ -106,7 +124,9 @@ void MusicClose() {
     TheHost().musicMode.clear();
 }
 
-std::string_view MusicMode() { return TheHost().musicMode; }
+std::string_view MusicMode() {
+    return TheHost().musicMode;
+}
 
 void PlayWave(std::span<const std::uint8_t> wave) {
     TheHost().audio.push_back("wave " + std::to_string(wave.size()));

@@ -18,19 +18,19 @@ struct Host {
     // The clock stands still but for one step per reading (a busy wait must end) and what a script adds.
     std::uint32_t now = 1000;
     std::uint32_t stepPerReading = 1;
-    std::uint64_t systemSeed = 1; // of the next game that is seeded from the clock; counts up
+    std::uint64_t systemSeed = 1;  // of the next game that is seeded from the clock; counts up
 
-    std::vector<InputEvent> events; // taken at the next yield
-    std::function<void()> onYield;  // runs at each yield before the events are taken; may add events or throw
+    std::vector<InputEvent> events;  // taken at the next yield
+    std::function<void()> onYield;   // runs at each yield before the events are taken; may add events or throw
     int yields = 0;
 
-    std::function<void(const Surface&)> onShow; // ShowNow
+    std::function<void(const Surface&)> onShow;  // ShowNow
     int shows = 0;
     bool windowShown = false;
 
-    std::vector<std::string> messages;         // message boxes: their texts
-    std::function<void(Form&)> onModal;        // plays the user of a modal form; it closes when this returns
-    std::vector<std::string> modals;           // names of the forms shown
+    std::vector<std::string> messages;   // message boxes: their texts
+    std::function<void(Form&)> onModal;  // plays the user of a modal form; it closes when this returns
+    std::vector<std::string> modals;     // names of the forms shown
 
     // What the audio was asked: "open PATH", "play", "stop", "rewind", "close", "wave N" (N bytes).
     std::vector<std::string> audio;
