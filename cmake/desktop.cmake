@@ -45,3 +45,10 @@ target_compile_definitions(tarnveil PRIVATE TARNVEIL_VERSION="${PROJECT_VERSION}
 
 include(GNUInstallDirs)
 install(TARGETS tarnveil RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(DIRECTORY assets/data/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tarnveil/data)
+install(FILES packaging/tarnveil.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES packaging/tarnveil.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
+        RENAME net.tarnveil.Tarnveil.metainfo.xml)
+install(FILES packaging/tarnveil.6 DESTINATION ${CMAKE_INSTALL_MANDIR}/man6)
+install(FILES assets/pictures/icon.png DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/32x32/apps
+        RENAME tarnveil.png)

@@ -222,7 +222,7 @@ std::string VerifyRecording(const Recording& recording, bool anyData, SimReport&
     StartReplay(recording);
     const double start = ProcessorSeconds();
     PlayGame();
-    const ReplayResult result = Replay();
+    const ReplayResult result = Replay();  // NOLINT(performance-unnecessary-copy-initialization): stopped below
     report = run.report;
     report.frames = result.frame;
     report.score = game.Score;

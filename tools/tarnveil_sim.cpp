@@ -171,6 +171,7 @@ bool ReadResult(int end, GameResult& result) {
 std::vector<GameResult> PlayAll(const Options& options) {
     std::vector<GameResult> results;
     std::vector<int> ends;
+    ends.reserve(static_cast<std::size_t>(options.jobs));
     for (int job = 0; job < std::min(options.jobs, options.seeds); ++job) ends.push_back(StartJob(options, job));
     for (const int end : ends) {
         GameResult result{};

@@ -32,10 +32,10 @@ return {
     { name = "slug",    sprite = "bomber_slug",   flight = "carpet",        bom = 1, score = 90, hp = 16 },
     -- carriers and the heavy ones
     { name = "crab",    sprite = "carrier_crab",  flight = "sidle",         bom = 1, score = 100, hp = 18 },
-    { name = "barge",   sprite = "carrier_barge", flight = "barge",         bom = 1, score = 150, hp = 36 },
-    { name = "hive",    sprite = "carrier_hive",  flight = "swarm",         bom = 1, score = 150, hp = 36 },
-    { name = "fort",    sprite = "bomber_fortress", flight = "patrol",      bom = 2, score = 220, hp = 80 },
-    { name = "citadel", sprite = "turret_citadel", flight = "bastion",      bom = 2, score = 250, hp = 90 },
+    { name = "barge",   sprite = "carrier_barge", flight = "barge",         bom = 1, score = 150, hp = 30 },
+    { name = "hive",    sprite = "carrier_hive",  flight = "swarm",         bom = 1, score = 150, hp = 30 },
+    { name = "fort",    sprite = "bomber_fortress", flight = "patrol",      bom = 2, score = 220, hp = 72 },
+    { name = "citadel", sprite = "turret_citadel", flight = "bastion",      bom = 2, score = 250, hp = 78 },
     -- the same machines flown otherwise: from the other side, or as aces
     { name = "disc_l",   sprite = "scout_disc",    flight = "arc_left",     bom = 0, score = 15, hp = 2 },
     { name = "sickle_l", sprite = "scout_sickle",  flight = "swoop_left",   bom = 0, score = 20, hp = 2 },

@@ -60,7 +60,7 @@ struct HeldKey {
     bool operator==(const HeldKey&) const = default;
 };
 std::vector<HeldKey> HeldKeys();
-void HoldKey(const HeldKey& key);
+void HoldKey(const HeldKey& held);
 
 // The joysticks that are there, as the events that bring their readings about.
 std::vector<InputEvent> JoystickReadings();

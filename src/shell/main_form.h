@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/forms.h"
+#include "platform/music.h"
 #include "platform/surface.h"
 
 // One click handler per menu item, named after it. All run where a loop yields, between two frames.
@@ -28,7 +29,6 @@ void Menu203_Click();
 void Menu301_Click();
 void Menu303_Click();
 
-void Bgm_Check_Timer();  // music.h
 
 // Sizes Crt and B_Crt, sets the caption and the start-up options, asks for the middle of the screen.
 void Form_Load();
