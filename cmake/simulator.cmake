@@ -4,3 +4,12 @@ target_include_directories(tarnveil_simulation PUBLIC tools)
 target_link_libraries(tarnveil_simulation PUBLIC tarnveil_headless)
 add_executable(tarnveil-sim tools/tarnveil_sim.cpp)
 target_link_libraries(tarnveil-sim PRIVATE tarnveil_simulation)
+
+# What the heaviest frame costs, against one copy of its bytes.
+find_package(benchmark QUIET)
+if(benchmark_FOUND)
+  add_executable(frame_benchmark tools/frame_benchmark.cpp)
+  target_link_libraries(frame_benchmark PRIVATE tarnveil_headless benchmark::benchmark)
+else()
+  message(STATUS "Google Benchmark is not installed: frame_benchmark is left out")
+endif()
