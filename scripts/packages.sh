@@ -13,7 +13,8 @@ install_missing() {
     local missing=""
     local installed
     # shellcheck disable=SC2068
-    installed=$(dpkg-query -W -f '${Package} ${db:Status-Status}\n' $@ 2>/dev/null | awk '$2 == "installed" {print $1}')
+    installed=$({ dpkg-query -W -f '${Package} ${db:Status-Status}\n' $@ 2>/dev/null || true; } |
+        awk '$2 == "installed" {print $1}')
     # shellcheck disable=SC2068
     for package in $@; do
         grep -qxF "$package" <<<"$installed" || missing="$missing $package"
