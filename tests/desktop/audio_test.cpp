@@ -60,7 +60,7 @@ TEST_F(SoundTest, OpeningAnotherPieceEndsTheFirstAndItsSettings) {
 }
 
 TEST_F(SoundTest, StoppedMusicIsSilentAndResumesExactlyWhereItStopped) {
-    Put("a.mid", Tune(kScale, 60));
+    Put("a.mid", Tune(kScale, 30));
     OpenMidi("a.mid");
     PlayMidi(False);
     const double start = tape.RunUntilHeard();

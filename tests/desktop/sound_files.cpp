@@ -52,7 +52,8 @@ Bytes MidiFile(const Bytes& track) {
 
 Bytes Tune(const std::vector<Note>& notes, int volume) {
     constexpr std::uint8_t kLoud = 127;
-    Bytes track = {0, 0xc0, kOcarina, 0, 0xb0, 7, static_cast<std::uint8_t>(volume)};
+    Bytes track = {0, 0xc0, kOcarina};
+    if (volume != kUsualVolume) Append(track, Bytes{0, 0xb0, 7, static_cast<std::uint8_t>(volume)});
     double wait = 0;
     for (const auto& [key, seconds] : notes) {
         const auto pitch = static_cast<std::uint8_t>(key);

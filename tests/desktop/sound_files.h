@@ -13,11 +13,11 @@ struct Note {
     double seconds;
 };
 
-constexpr int kOcarina = 79;  // nearly a pure tone: its pitch is easy to tell
-constexpr int kFullVolume = 127;
+constexpr int kOcarina = 79;      // nearly a pure tone: its pitch is easy to tell
+constexpr int kUsualVolume = -1;  // the file does not set it
 
 // A MIDI file that plays the notes one after the other, each at full velocity, and ends with the last.
-Bytes Tune(const std::vector<Note>& notes, int volume = kFullVolume);
+Bytes Tune(const std::vector<Note>& notes, int volume = kUsualVolume);
 
 // A MIDI file around the events of its one track.
 Bytes MidiFile(const Bytes& track);

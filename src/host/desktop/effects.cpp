@@ -13,8 +13,16 @@ namespace {
 constexpr int kVoice = 0;
 constexpr int kVolume = 85;  // of 128; keeps the balance with the music that the waves are made for
 
-constexpr std::size_t kLargestWave = 2u << 20;  // bytes; larger ones take longer than a frame to convert
-constexpr std::size_t kMostSounds = 8;          // a game has two; an author who tries out waves leaves old ones behind
+constexpr std::size_t kLargestWave =
+    2u << 20;                           // bytes; larger or longer ones would hold up the frame they are decoded in
+constexpr std::size_t kMostSounds = 8;  // a game has two; an author who tries out waves leaves old ones behind
+constexpr double kLongestWave = 15;     // seconds
+
+constexpr int kCloseStream = 1;
+
+SDL_RWops* Stream(std::span<const std::uint8_t> wave) {
+    return SDL_RWFromConstMem(wave.data(), static_cast<int>(wave.size()));
+}
 
 bool HasTag(std::span<const std::uint8_t> wave, std::size_t at, std::string_view tag) {
     return wave.size() >= at + tag.size() &&
@@ -41,13 +49,21 @@ void SetVolume(Mix_Chunk& chunk) {
     Mix_VolumeChunk(&chunk, std::min(kVolume, static_cast<int>(loudest * MIX_MAX_VOLUME)));
 }
 
+// Whether the mixer can be trusted with it: a wave that claims one sample per second would be stretched to hours.
+bool IsShort(std::span<const std::uint8_t> wave) {
+    SDL_AudioSpec format{};
+    Uint8* data = nullptr;
+    Uint32 bytes = 0;
+    if (!SDL_LoadWAV_RW(Stream(wave), kCloseStream, &format, &data, &bytes)) return false;
+    SDL_FreeWAV(data);
+    const double frameBytes = SDL_AUDIO_BITSIZE(format.format) / 8.0 * format.channels;
+    return format.freq > 0 && bytes / frameBytes / format.freq <= kLongestWave;
+}
+
 // The mixer knows other formats too and would take them.
 Mix_Chunk* Decode(std::span<const std::uint8_t> wave) {
-    constexpr int kCloseStream = 1;
     Mix_Chunk* chunk = nullptr;
-    if (LooksLikeWave(wave)) {
-        chunk = Mix_LoadWAV_RW(SDL_RWFromConstMem(wave.data(), static_cast<int>(wave.size())), kCloseStream);
-    }
+    if (LooksLikeWave(wave) && IsShort(wave)) chunk = Mix_LoadWAV_RW(Stream(wave), kCloseStream);
     if (chunk) SetVolume(*chunk);
     // A lone byte stands for a missing file, which is reported where it is read.
     if (!chunk && wave.size() > 1) LogLine("effect of " + std::to_string(wave.size()) + " bytes: cannot be played");

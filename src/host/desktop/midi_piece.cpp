@@ -62,6 +62,6 @@ std::span<const MidiMessage> MidiPiece::Advance() {
 // The player itself reports the end two seconds late, to let notes ring out. Its tick count tells the moment; its
 // report still matters for files whose tempo makes the count useless.
 bool MidiPiece::Ended() const {
-    return !unheard_ && (fluid_player_get_current_tick(player_.get()) >= length_ ||
-                         fluid_player_get_status(player_.get()) != FLUID_PLAYER_PLAYING);
+    return fluid_player_get_current_tick(player_.get()) >= length_ ||
+           fluid_player_get_status(player_.get()) != FLUID_PLAYER_PLAYING;
 }
