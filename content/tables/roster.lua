@@ -25,10 +25,10 @@ return {
     { name = "rack",    sprite = "bomber_rack",   flight = "bomb_run",      bom = 0, score = 40, hp = 4 },
     { name = "beetle",  sprite = "bomber_beetle", flight = "hover_sway",    bom = 1, score = 80, hp = 14 },
     { name = "moth",    sprite = "bomber_moth",   flight = "flutter",       bom = 1, score = 70, hp = 8 },
-    { name = "quad",    sprite = "turret_quad",   flight = "ground_ring",   bom = 1, score = 90, hp = 14 },
+    { name = "quad",    sprite = "turret_quad",   flight = "ground_ring",   bom = 1, score = 90, hp = 16 },
     { name = "ring",    sprite = "mine_ring",     flight = "anchor",        bom = 1, score = 80, hp = 12 },
     { name = "lance",   sprite = "fighter_lance", flight = "rear_left",     bom = 1, score = 70, hp = 8 },
-    { name = "iris",    sprite = "turret_iris",   flight = "stop_volley",   bom = 1, score = 90, hp = 14 },
+    { name = "iris",    sprite = "turret_iris",   flight = "stop_volley",   bom = 1, score = 90, hp = 17 },
     { name = "slug",    sprite = "bomber_slug",   flight = "carpet",        bom = 1, score = 90, hp = 16 },
     -- carriers and the heavy ones
     { name = "crab",    sprite = "carrier_crab",  flight = "sidle",         bom = 1, score = 100, hp = 18 },
@@ -47,7 +47,7 @@ return {
     { name = "talon_ace", sprite = "fighter_talon", flight = "two_stops",   bom = 0, score = 50, hp = 6 },
     { name = "manta_ace", sprite = "fighter_manta", flight = "orbit",       bom = 0, score = 50, hp = 6 },
     -- bosses; destroying one scores nothing, the energy left at the end of the stage does
-    { name = "pincer",   sprite = "boss_pincer",   flight = "pincer",       bom = 2, score = 0, hp = 172 },
+    { name = "pincer",   sprite = "boss_pincer",   flight = "pincer",       bom = 2, score = 0, hp = 178 },
     { name = "eye",      sprite = "boss_eye",      flight = "eye",          bom = 2, score = 0, hp = 250 },
     { name = "dreadnought", sprite = "boss_dreadnought", flight = "dreadnought", bom = 2, score = 0, hp = 200 },
     { name = "avenger",  sprite = "boss_pincer",   flight = "avenger",      bom = 2, score = 0, hp = 255 },

@@ -63,7 +63,7 @@ wait(60)
 
 introduce("manta", 160)
 row("manta", 2, 160, 60)
-wait(26)
+wait(36)
 stream("dart", 6, 160, 9)
 wait(56)
 
@@ -88,9 +88,10 @@ both("disc", "disc_l", 5, 30, 10)
 row("manta", 2, 160, 80)
 wait(70)
 row("cross", 3, 160, 90)
-zip("wasp", 6, 60, 260, 10)
+wait(40)
+zip("wasp", 4, 60, 260, 12)
 rest()
 
-wait(seconds(4.5)) -- breather: about two seconds of it are empty
+wait(seconds(4)) -- breather
 boss "pincer"
 clear()

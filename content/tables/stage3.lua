@@ -39,7 +39,8 @@ stream("needle", 5, 160, 10)
 wait(60)
 
 introduce("barge", 160, nil, 70)
-row("talon", 2, 160, 240)
+stream("dart", 4, 50, 10)
+stream("dart", 4, 270, 10)
 wait(40)
 both("disc", "disc_l", 5, 30, 9)
 wait(56)
@@ -52,13 +53,13 @@ wait(50)
 
 -- The flag ships ----------------------------------------------------------------------------------------------------
 
-introduce("fort", 160, nil, 90)
+introduce("fort", 110, nil, 90)
 both("lance", "lance_r", 1, 30, 0, HEIGHT)
 wait(60)
-zip("wasp", 6, 60, 260, 10)
+zip("dart", 6, 60, 260, 10)
 wait(80)
 
-introduce("citadel", 160, nil, 130)
+introduce("citadel", 220, nil, 130)
 zip("wasp", 4, 60, 260, 16)
 wait(90)
 row("talon_ace", 2, 130, 200)

@@ -18,7 +18,7 @@ local pending = {}        -- what comes between the two
 
 local function kind_of(name) return kinds[name] or error("no kind " .. tostring(name), 3) end
 
--- Commands stand where they are called: everything before them has come by then.
+-- Into the table, in the order of time.
 local function flush()
     table.sort(pending, function(a, b)
         if a.time ~= b.time then return a.time < b.time end
@@ -31,11 +31,16 @@ local function flush()
     pending = {}
 end
 
-local function command(name)
+-- Everything so far, and a pause for the rest of the time: commands take no account of their own Counter.
+local function settle()
     flush()
     if now > written then entry { No = "pass", Counter = now - written } end
     written = now
-    return entry { No = name }
+end
+
+local function command(name)
+    settle()
+    entry { No = name }
 end
 
 function wait(n) now = now + n end
@@ -119,6 +124,16 @@ function from_left(name, n, y, gap)
 end
 function from_right(name, n, y, gap)
     for i = 0, n - 1 do spawn(name, WIDTH + kind_of(name).w // 2, y, i * (gap or 0)) end
+end
+
+-- What `write` puts down, `n` times in all. The table holds it once, so long stages fit; it must begin with an enemy,
+-- because a command that is jumped to is passed over.
+function repeated(n, write)
+    settle()
+    local first = next_entry()
+    write()
+    settle()
+    entry { No = "repeat", X = first, Y = n - 1, Power = n - 1 }
 end
 
 -- Boss music, the boss, and the wait for its end, with which the music ends.
