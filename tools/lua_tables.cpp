@@ -127,7 +127,7 @@ std::string AddStep(lua_State* state, Builder& builder) {
     const std::string what = Numbered("pattern ", builder.pattern) + Numbered(", step ", builder.nextStep);
     if (builder.nextStep >= kMoveSteps) return what + ": a pattern has room for 256 steps";
     EneMoveType step{};
-    const std::string fault = FillRecord(state, what, FieldsOf(step, &kStepNames));
+    std::string fault = FillRecord(state, what, FieldsOf(step, &kStepNames));
     if (!fault.empty()) return fault;
     builder.tables.EneMove[builder.pattern][builder.nextStep] = step;
     return Result(state, builder.nextStep++);
@@ -137,7 +137,7 @@ std::string AddKind(lua_State* state, Builder& builder) {
     constexpr std::string_view kExtra[] = {"name", "number"};
     EnemyDataType kind{};
     const std::string what = Numbered("kind ", builder.nextKind);
-    const std::string fault = FillRecord(state, what, FieldsOf(kind, &builder.patterns), kExtra);
+    std::string fault = FillRecord(state, what, FieldsOf(kind, &builder.patterns), kExtra);
     if (!fault.empty()) return fault;
     lua_getfield(state, 1, "name");
     lua_getfield(state, 1, "number");
@@ -154,7 +154,7 @@ std::string AddEntry(lua_State* state, Builder& builder) {
     const std::string what = Numbered("entry ", builder.nextEntry);
     if (builder.nextEntry >= kStageEntries) return what + ": a table has room for 513 entries";
     StageDataType entry{};
-    const std::string fault = FillRecord(state, what, FieldsOf(entry, &builder.kinds));
+    std::string fault = FillRecord(state, what, FieldsOf(entry, &builder.kinds));
     if (!fault.empty()) return fault;
     builder.tables.Stages[builder.stage][builder.nextEntry] = entry;
     return Result(state, builder.nextEntry++);

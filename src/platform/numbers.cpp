@@ -27,7 +27,7 @@ bool IsDigit(char c) {
 std::string_view WithoutBlanks(std::string_view text) {
     constexpr std::string_view kBlanks = " \t";
     const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == text.npos) return {};
+    if (first == std::string::npos) return {};
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
@@ -43,7 +43,7 @@ std::optional<double> MagnitudeOf(std::string text) {
     const auto [end, error] = std::from_chars(text.data(), last, value);
     if (error == std::errc::invalid_argument || end != last) return std::nullopt;
     if (error == std::errc::result_out_of_range) {
-        return text.find("e-") != text.npos ? 0 : std::numeric_limits<double>::infinity();
+        return text.find("e-") != std::string::npos ? 0 : std::numeric_limits<double>::infinity();
     }
     return value;
 }

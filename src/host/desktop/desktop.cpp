@@ -22,7 +22,7 @@ Host::Host(int& argc, char** argv) : application(WithWholePixels(argc), argv) {
     QApplication::setApplicationName("tarnveil");
     QApplication::setDesktopFileName("tarnveil");
     QApplication::setQuitOnLastWindowClosed(false);
-    ApplyLook(application);
+    ApplyLook();
 }
 
 Host::~Host() {

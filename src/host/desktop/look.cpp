@@ -35,14 +35,14 @@ QPalette ClassicPalette() {
 
 }  // namespace
 
-void ApplyLook(QApplication& application) {
+void ApplyLook() {
     constexpr int kTextSize = 12;  // pixels
     QApplication::setStyle(QStyleFactory::create("windows"));
     QApplication::setPalette(ClassicPalette());
     QFont font(ChooseFace());
     font.setPixelSize(kTextSize);
     QApplication::setFont(font);
-    application.setWheelScrollLines(1);
+    QApplication::setWheelScrollLines(1);
 }
 
 }  // namespace desktop

@@ -6,6 +6,6 @@
 namespace desktop {
 
 // Style, colours and font of every window.
-void ApplyLook(QApplication& application);
+void ApplyLook();
 
 }  // namespace desktop

@@ -60,7 +60,7 @@ void PlanScreenshots(const std::string& folder, int frames) {
 
 std::string StartReplaying(const Options& options) {
     Recording recording;
-    const std::string error = ReadRecording(options.replay, recording);
+    std::string error = ReadRecording(options.replay, recording);
     if (!error.empty()) return error;
     if (!options.anyData && DataDigest() != recording.dataDigest) {
         return options.replay +
