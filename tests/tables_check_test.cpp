@@ -161,6 +161,19 @@ TEST(TablesCheck, FindsStagesWithoutAnEnd) {
     EXPECT_EQ("STAGE3.DAT: entries 2..7: never reached", findings[4]);
 }
 
+// A used-up repeat ends the frame: 400 entries before it and 150 after it are not 550 at once.
+TEST(TablesCheck, CountsEntriesByTheFrame) {
+    auto tables = std::make_unique<Tables>(CleanTables());
+    auto& stage = tables->Stages[3];
+    for (auto& entry : stage) entry = {0, 0, 254, 0, 0};
+    stage[200] = {0, 1, 256, 0, 1};
+    stage[350] = {0, 0, 248, 0, 0};
+    std::fill(stage + 351, stage + kStageEntries, StageDataType{});
+    EXPECT_EQ(std::vector<std::string>{}, CheckTables(*tables));
+    stage[200].Y = 2;
+    EXPECT_EQ("Attack.DAT: entry 112: an endless loop: 513 entries in one frame", CheckTables(*tables).front());
+}
+
 TEST(TablesCheck, KnowsThatTheLastBossEmptiesTheSheet) {
     auto tables = std::make_unique<Tables>(CleanTables());
     tables->EnemyData[39] = {0, 0, 300, 200, 2, 1, 0};

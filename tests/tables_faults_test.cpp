@@ -25,6 +25,7 @@ INSTANTIATE_TEST_SUITE_P(
         Fault{"stage1.lua", "entry{Counter = 0/0}", "stage1.lua:1: entry 0, Counter: "},
         Fault{"stage1.lua", "entry{No = 1.5}", "stage1.lua:1: entry 0, No: 1.5 is not a whole number"},
         Fault{"stage1.lua", "entry{X = 'left'}", "stage1.lua:1: entry 0, X: 'left' is neither a number nor '#' and"},
+        Fault{"stage1.lua", "entry{X = '#7FC'}", "stage1.lua:1: entry 0, X: '#7FC' is neither"},
         Fault{"stage1.lua", "entry{X = '#7FC0000G'}", "stage1.lua:1: entry 0, X: '#7FC0000G' is neither"},
         Fault{"stage1.lua", "entry{Y = 1e39}", "stage1.lua:1: entry 0, Y: 1e+39 is not within the range of a Single"},
         Fault{"stage1.lua", "entry{Y = {}}", "stage1.lua:1: entry 0, Y: table is not a number"},

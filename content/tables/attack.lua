@@ -1,5 +1,5 @@
--- Score attack: three minutes in eleven rounds, dense and generous. Every round comes twice at least, so what one learns
--- the first time pays the next. No boss; the two flag ships are the dearest targets of the game.
+-- Score attack: three minutes in eleven rounds, dense and generous. Every round comes twice at least, so what one
+-- learns the first time pays the next. No boss; the two flag ships are the dearest targets of the game.
 include "waves.lua"
 
 wait(seconds(2)) -- the banner

@@ -382,7 +382,7 @@ show(0)
 stand(10)
 salvo(10, 3, 10)
 ease(24, 0, 0, 0, -18)         -- away
-stand(48)
+stand(68)
 ease(24, 0, 18, 0, 0)          -- and back
 show(1)
 salvo(3, 2, 14)

@@ -49,6 +49,6 @@ return {
     -- bosses; destroying one scores nothing, the energy left at the end of the stage does
     { name = "pincer",   sprite = "boss_pincer",   flight = "pincer",       bom = 2, score = 0, hp = 178 },
     { name = "eye",      sprite = "boss_eye",      flight = "eye",          bom = 2, score = 0, hp = 250 },
-    { name = "dreadnought", sprite = "boss_dreadnought", flight = "dreadnought", bom = 2, score = 0, hp = 200 },
+    { name = "dreadnought", sprite = "boss_dreadnought", flight = "dreadnought", bom = 2, score = 0, hp = 186 },
     { name = "avenger",  sprite = "boss_pincer",   flight = "avenger",      bom = 2, score = 0, hp = 255 },
 }

@@ -1,5 +1,5 @@
--- Stage 1. The patrol line: an enemy in good order. Ranks, columns and wedges, mirrored left and right; each new machine
--- shows itself alone before it comes in line.
+-- Stage 1. The patrol line: an enemy in good order. Ranks, columns and wedges, mirrored left and right; each new
+-- machine shows itself alone before it comes in line.
 include "waves.lua"
 
 wait(seconds(1.5)) -- the banner

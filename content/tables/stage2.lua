@@ -1,5 +1,5 @@
--- Stage 2. The minefield: black sky, and nothing marches. Things drift, spin and burst; the way through is between them,
--- and hunters wait behind the walls.
+-- Stage 2. The minefield: black sky, and nothing marches. Things drift, spin and burst; the way through is between
+-- them, and hunters wait behind the walls.
 include "waves.lua"
 
 wait(seconds(1.5)) -- the banner
