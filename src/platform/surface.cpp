@@ -141,7 +141,8 @@ void BitBlt(Surface& destination, int x, int y, int width, int height, const Sur
     if (op == SRCCOPY) {
         CopyRows(destination, source, t);
     } else if (&destination == &source) {
-        const Surface before = source;  // NOLINT(performance-unnecessary-copy-initialization): rows that overlap must be read before they are written
+        const Surface before = source;  // NOLINT(performance-unnecessary-copy-initialization): rows that overlap must
+                                        // be read before they are written
         CombineRows(destination, before, t, op);
     } else {
         CombineRows(destination, source, t, op);

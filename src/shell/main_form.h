@@ -29,7 +29,6 @@ void Menu203_Click();
 void Menu301_Click();
 void Menu303_Click();
 
-
 // Sizes Crt and B_Crt, sets the caption and the start-up options, asks for the middle of the screen.
 void Form_Load();
 
