@@ -5,6 +5,13 @@ target_link_libraries(tarnveil_simulation PUBLIC tarnveil_headless)
 add_executable(tarnveil-sim tools/tarnveil_sim.cpp)
 target_link_libraries(tarnveil-sim PRIVATE tarnveil_simulation)
 
+# Whole games on hostile data.
+add_executable(hostile_games EXCLUDE_FROM_ALL tools/hostile/hostile_games.cpp tools/hostile/hostile.cpp)
+target_link_libraries(hostile_games PRIVATE tarnveil_headless)
+if(BUILD_TESTING)
+  set_target_properties(hostile_games PROPERTIES EXCLUDE_FROM_ALL OFF)
+endif()
+
 # What the heaviest frame costs, against one copy of its bytes.
 find_package(benchmark QUIET)
 if(benchmark_FOUND)
