@@ -266,6 +266,61 @@ TEST_F(WholeGameTest, OpeningAnEditorEndsTheRecordingThere) {
     EXPECT_EQ("", VerifyRecording(recording, false, report)) << "what was recorded plays again";
 }
 
+TEST_F(WholeGameTest, ARecordingLeftInTheStaffRollEndsThere) {
+    PutShortStages();
+    const std::string path = (folder / "run.txt").string();
+    StartRecorder(path);
+    FixSeed(1);
+    int yields = 0;
+    EXPECT_THROW(PlayOneGame([&] {
+                     if (game.AllClear != False && ++yields == 30) throw EndProgram{};
+                 }),
+                 EndProgram);
+    EXPECT_EQ("", FinishRecorder());
+    Recording recording;
+    ASSERT_EQ("", ReadRecording(path, recording));
+    host.onYield = nullptr;
+    SimReport report;
+    EXPECT_EQ("", VerifyRecording(recording, false, report));
+    EXPECT_EQ(static_cast<int>(recording.frames.size()), report.frames);
+}
+
+TEST_F(WholeGameTest, AReplayWhoseStaffRollNeverGetsItsKeyDiffersAndEnds) {
+    PutShortStages();
+    const std::string path = (folder / "run.txt").string();
+    Simulate({.play = SimPlay::wholeGame, .pilot = "idle", .recordTo = path});
+    Recording recording;
+    ASSERT_EQ("", ReadRecording(path, recording));
+    SimReport report;
+    EXPECT_EQ("", VerifyRecording(recording, false, report));
+    std::erase_if(recording.events, [](const RecordedEvent& e) { return e.event.code == VK_SPACE; });
+    EXPECT_NE(std::string::npos, VerifyRecording(recording, false, report).find("next frame or its end"));
+}
+
+TEST_F(WholeGameTest, ARecordingIsOnTheDiskAsSoonAsItsGameHasEndedAndReplacesALongerOne) {
+    PutShortStages();
+    const std::filesystem::path path = folder / "run.txt";
+    std::ofstream(path) << std::string(1000000, '\n');
+    StartRecorder(path.string());
+    FixSeed(1);
+    PlayOneGame([] {
+        if (game.AllClear != False) headless::Tap(VK_ESCAPE);
+    });
+    Recording recording;
+    EXPECT_EQ("", ReadRecording(path.string(), recording));
+    EXPECT_NE(0u, recording.endDigest);
+    EXPECT_LT(std::filesystem::file_size(path), 100000u);
+    EXPECT_EQ("", FinishRecorder());
+}
+
+TEST_F(WholeGameTest, ARecordingThatCannotBeWrittenIsTold) {
+    PutShortStages();
+    const std::filesystem::path path = folder / "nowhere" / "run.txt";
+    StartRecorder(path.string());
+    PlayOneGame([] { headless::Tap(VK_ESCAPE); });
+    EXPECT_NE(std::string::npos, FinishRecorder().find("run.txt: the recording cannot be written"));
+}
+
 TEST_F(WholeGameTest, AReplayAtTheTitleStartsByItselfIgnoresKeysAndSavesNoScore) {
     const std::string path = (folder / "run.txt").string();
     Simulate({.play = SimPlay::stage1, .pilot = "sweep", .seed = 3, .frameLimit = 300, .recordTo = path});

@@ -108,17 +108,11 @@ FileBytes ReadWholeFile(const std::string& path) {
     return result;
 }
 
-std::string WriteFileKeepingTail(const std::string& path, std::span<const std::uint8_t> bytes) {
+std::string WriteWholeFile(const std::string& path, std::span<const std::uint8_t> bytes) {
     const std::string target = RealPath(path);
-    const FileBytes old = ReadWholeFile(target);
-    if (old.error == FileError::unreadable) return old.reason;  // its tail would be lost
-    std::vector<std::uint8_t> content(bytes.begin(), bytes.end());
-    if (old.bytes.size() > content.size()) {
-        content.insert(content.end(), old.bytes.begin() + static_cast<std::ptrdiff_t>(content.size()), old.bytes.end());
-    }
     if (access(target.c_str(), F_OK) == 0 && access(target.c_str(), W_OK) != 0) return SystemReason();
     const std::string temporary = target + "." + std::to_string(getpid()) + ".new";
-    std::string reason = WriteNewFile(temporary, content, ModeFor(target));
+    std::string reason = WriteNewFile(temporary, bytes, ModeFor(target));
     if (reason.empty() && rename(temporary.c_str(), target.c_str()) != 0) reason = SystemReason();
     if (!reason.empty()) {
         unlink(temporary.c_str());
@@ -126,4 +120,14 @@ std::string WriteFileKeepingTail(const std::string& path, std::span<const std::u
     }
     FlushFolderOf(target);
     return {};
+}
+
+std::string WriteFileKeepingTail(const std::string& path, std::span<const std::uint8_t> bytes) {
+    const FileBytes old = ReadWholeFile(path);
+    if (old.error == FileError::unreadable) return old.reason;  // its tail would be lost
+    std::vector<std::uint8_t> content(bytes.begin(), bytes.end());
+    if (old.bytes.size() > content.size()) {
+        content.insert(content.end(), old.bytes.begin() + static_cast<std::ptrdiff_t>(content.size()), old.bytes.end());
+    }
+    return WriteWholeFile(path, content);
 }

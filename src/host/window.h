@@ -6,11 +6,6 @@
 struct Form;
 struct Surface;
 
-struct ScreenSize {
-    int width;
-    int height;
-};
-
 // Thrown where a loop yields when the player quits or closes the window; only main catches it. Nothing is saved on the
 // way.
 struct EndProgram {
@@ -28,10 +23,5 @@ void ShowNow(const Surface& surface);
 // Shows `form` and returns when it is closed. Its handlers run inside. The loop that yielded waits meanwhile.
 void ShowModal(Form& form);
 
-// Closes the form that is shown by ShowModal; for form handlers.
-void CloseModal(Form& form);
-
 // A box with one OK button; returns when it is pressed. Works before the main window exists too.
 void MsgBox(const std::string& text, const std::string& caption);
-
-ScreenSize GetScreenSize();

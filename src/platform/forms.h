@@ -71,7 +71,7 @@ struct Form {
     std::vector<Control> Controls{};
     std::string Focus{};   // control that has the keyboard; empty: the first in tab order
     bool Centred = false;  // Form_Load asked for the middle of the screen
-    bool Shown = false;    // true while ShowModal runs
+    bool Shown = false;    // true while ShowModal runs; a handler that clears it closes the form
 
     // The control of that name. Asking for one the form does not have is a mistake in the program and asserts.
     Control& operator[](std::string_view name);

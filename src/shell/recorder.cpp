@@ -1,5 +1,4 @@
 // Writing recordings: watches the game and taps its events.
-#include <cstdio>
 #include <optional>
 
 #include "host/files.h"
@@ -16,6 +15,7 @@ struct Recorder {
     EventTime now;
     bool running = false;
     bool done = false;
+    std::string problem{};  // why it could not be written
 };
 std::optional<Recorder> recorder;
 
@@ -54,7 +54,14 @@ void FrameDone() {
     recorder->now.yield = 0;
 }
 
-// Ends the recording with the frames it has.
+void Write(Recorder& r) {
+    const std::string text = FormatRecording(r.recording);
+    const std::string reason =
+        WriteWholeFile(r.path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+    if (!reason.empty()) r.problem = r.path + ": the recording cannot be written: " + reason;
+}
+
+// Ends the recording with the frames it has. It is written now: what comes after the game cannot lose it.
 void CutOff() {
     Recorder& r = *recorder;
     if (!r.running) return;
@@ -62,6 +69,7 @@ void CutOff() {
     r.recording.endEnergy = game.MyPower;
     r.running = false;
     r.done = true;
+    Write(r);
 }
 
 void GameEnded() {
@@ -99,14 +107,9 @@ void StartRecorder(const std::string& path) {
 std::string FinishRecorder() {
     if (!recorder) return {};
     CutOff();
-    const Recorder finished = std::move(*recorder);
+    const std::string problem = recorder->problem;
     recorder.reset();
     SetEventTap(nullptr);
     gameWatcher = {};
-    if (!finished.done) return {};
-    const std::string text = FormatRecording(finished.recording);
-    std::remove(finished.path.c_str());  // a longer old recording must not leave its tail
-    const std::string reason =
-        WriteFileKeepingTail(finished.path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
-    return reason.empty() ? "" : finished.path + ": the recording cannot be written: " + reason;
+    return problem;
 }

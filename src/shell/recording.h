@@ -82,7 +82,8 @@ bool LeavesProgram(const InputEvent& event);
 // the recording there: what it changes in the tables is not an event.
 void StartRecorder(const std::string& path);
 
-// Writes what is recorded, if anything is. Empty or a message.
+// Stops recording; a game that is still going on is written as far as it has come. Empty, or why the recording could
+// not be written.
 std::string FinishRecorder();
 
 enum class ReplayState { none, waiting, playing, finished, differs };
@@ -93,8 +94,9 @@ struct ReplayResult {
     std::string message{};  // where it differs: the groups and their values
 };
 
-// Sets options, seed and watchers so that the next game plays `recording`: at the title it starts by itself. Only
-// closing the window and quitting get through to the game.
+// Sets options, seed and watchers so that the next game plays `recording`: at the title it starts by itself, and the
+// program ends after it, or where the recording was cut off. Only closing the window and quitting get through to the
+// game.
 void StartReplay(const Recording& recording);
 void StopReplay();
 const ReplayResult& Replay();

@@ -13,6 +13,7 @@ Recording played;
 ReplayResult result;
 EventTime now;
 std::size_t nextEvent = 0;
+int idleYields = 0;  // since the last frame or event
 
 void SetOptions(const Recording& r) {
     MainForm.Menu002.Checked = r.wait;
@@ -64,6 +65,7 @@ void FrameDone() {
     const auto index = static_cast<std::size_t>(now.frame);
     ++now.frame;
     now.yield = 0;
+    idleYields = 0;
     result.frame = now.frame;
     if (index >= played.frames.size()) return Differ("the game goes on after the recording's last frame");
     const FrameDigest digest = DigestFrame(game);
@@ -83,14 +85,35 @@ void GameEnded() {
     }
 }
 
+bool EventsAreLeft() {
+    return nextEvent < played.events.size();
+}
+
+// A game that was cut off has no end of its own: its replay ends where the recording does.
+bool CutOffHere() {
+    return played.endDigest == 0 && now.frame >= static_cast<int>(played.frames.size()) && !EventsAreLeft();
+}
+
+// The staff roll has yields but no frames. One that goes on and on after the frame's last event would wait for its key
+// for ever.
+bool GoneAstray() {
+    constexpr int kLongestRoll = 2000;  // yields; the roll takes its key from 1330 on
+    return !(EventsAreLeft() && played.events[nextEvent].time.frame <= now.frame) && ++idleYields > kLongestRoll;
+}
+
 void FeedRecorded(std::vector<InputEvent>& events) {
-    while (nextEvent < played.events.size() && played.events[nextEvent].time <= now) {
+    while (EventsAreLeft() && played.events[nextEvent].time <= now) {
         events.push_back(played.events[nextEvent++].event);
+        idleYields = 0;
     }
     ++now.yield;
-    if (played.endDigest == 0 && now.frame >= static_cast<int>(played.frames.size()) &&
-        nextEvent >= played.events.size())
-        game.QuitGame = True;
+    if (CutOffHere()) {
+        result.state = ReplayState::finished;
+        events.push_back({InputEvent::Kind::closeWindow});
+    } else if (GoneAstray()) {
+        Differ("the game does not come to its next frame or its end");
+        events.push_back({InputEvent::Kind::closeWindow});
+    }
 }
 
 // At the title the game starts by itself; when it has been played the program ends.
@@ -113,6 +136,7 @@ void StartReplay(const Recording& recording) {
     result = {ReplayState::waiting};
     now = {};
     nextEvent = 0;
+    idleYields = 0;
     SetOptions(played);
     FixSeed(played.seed);
     SetEventTap(Tap);

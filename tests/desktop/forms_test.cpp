@@ -31,7 +31,7 @@ void Tell_Click() {
     MsgBox("message", "caption");
 }
 void Close_Click() {
-    CloseModal(form);
+    form.Shown = false;
 }
 void HScroll1_Change() {
     log_.push_back("h " + std::to_string(form["HScroll1"].Value));

@@ -109,6 +109,15 @@ std::string_view Take(const OptionRow* row, const Argument& argument, Options& o
     return {};
 }
 
+// What is wrong with the options together; empty when they fit.
+std::string_view Conflict(const Options& options) {
+    if (!options.replay.empty()) return options.record.empty() ? "" : "--record and --replay do not go together";
+    if (options.anyData) return "--any-data: goes with --replay only";
+    if (options.fast) return "--fast: goes with --replay only";
+    if (!options.screenshots.empty()) return "--screenshots: goes with --replay only";
+    return {};
+}
+
 }  // namespace
 
 Options ParseOptions(const std::vector<std::string_view>& arguments) {
@@ -120,6 +129,7 @@ Options ParseOptions(const std::vector<std::string_view>& arguments) {
         const std::string_view problem = Take(row, argument, options);
         if (!problem.empty()) options.error.append(argument.name).append(": ").append(problem);
     }
+    if (options.error.empty() && !options.help && !options.version) options.error = Conflict(options);
     return options;
 }
 

@@ -94,7 +94,6 @@ int ReportReplay(int status) {
 }  // namespace
 
 std::string StartRecordedPlay(const Options& options) {
-    if (!options.record.empty() && !options.replay.empty()) return "--record and --replay do not go together";
     if (!options.record.empty()) StartRecorder(options.record);
     return options.replay.empty() ? "" : StartReplaying(options);
 }

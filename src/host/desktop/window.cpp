@@ -1,7 +1,6 @@
 // The window functions of the game's host.
 #include "host/window.h"
 
-#include <QtCore/QElapsedTimer>
 #include <QtGui/QScreen>
 #include <QtWidgets/QMessageBox>
 #include <chrono>
@@ -96,10 +95,6 @@ void ShowModal(Form& form) {
     }
 }
 
-void CloseModal(Form& form) {
-    form.Shown = false;
-}
-
 void MsgBox(const std::string& text, const std::string& caption) {
     if (TheHost().form) TheHost().form->Sync();  // what the message is about must be seen
     QMessageBox box(QMessageBox::NoIcon, QString::fromStdString(caption), QString::fromStdString(text), QMessageBox::Ok,
@@ -108,9 +103,4 @@ void MsgBox(const std::string& text, const std::string& caption) {
     box.setModal(true);
     box.show();
     while (box.isVisible()) desktop::StandStill();
-}
-
-ScreenSize GetScreenSize() {
-    const QSize size = QGuiApplication::primaryScreen()->size();
-    return {size.width(), size.height()};
 }

@@ -81,16 +81,8 @@ void ShowModal(Form& form) {
     form.Shown = false;
 }
 
-void CloseModal(Form& form) {
-    form.Shown = false;
-}
-
 void MsgBox(const std::string& text, const std::string&) {
     TheHost().messages.push_back(text);
-}
-
-ScreenSize GetScreenSize() {
-    return {1024, 768};
 }
 
 void LogLine(const std::string& line) {
