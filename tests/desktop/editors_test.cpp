@@ -1,0 +1,114 @@
+// The three editor windows through their real widgets: opened from the menu, typed into, clicked and closed.
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollBar>
+
+#include "desktop_test.h"
+#include "editors/editor1.h"
+#include "editors/enemy_data_edit.h"
+#include "editors/enemy_move_edit.h"
+#include "host/desktop/form_window.h"
+#include "platform/folder.h"
+#include "platform/forms.h"
+#include "shell/state.h"
+#include "stage/data_files.h"
+
+namespace {
+
+class EditorOnScreenTest : public DesktopTest {
+  protected:
+    EditorOnScreenTest() : folder(std::filesystem::path(TARNVEIL_ASSETS) / "data") {
+        SetProgramFolder(folder.path.string());
+        EnableAuthorMenus();
+        EXPECT_EQ("", ReadStageData("\\STAGE1.DAT") + ReadEnemyData() + ReadEneMove());
+    }
+    ~EditorOnScreenTest() override { SetProgramFolder("."); }
+
+    static desktop::FormWindow& Window() { return *desktop::TheHost().form; }
+    template <class Widget>
+    static Widget& The(const char* name) {
+        return *Window().findChild<Widget*>(name);
+    }
+    static void Type(const char* field, const char* text) {
+        The<QLineEdit>(field).selectAll();
+        QTest::keyClicks(&The<QLineEdit>(field), text);
+    }
+    static void Click(const char* button) { QTest::mouseClick(&The<QPushButton>(button), Qt::LeftButton); }
+
+    // Clicks the menu item, lets each step of the user be carried out, then presses Esc.
+    static void Use(MenuItem& item, std::vector<std::function<void()>> steps) {
+        int ms = 50;
+        for (auto& step : steps) Later(ms += 40, std::move(step));
+        Later(ms + 80, [] { QTest::keyClick(&Window(), Qt::Key_Escape); });
+        EXPECT_TRUE(ClickMenu(item));
+        EXPECT_EQ(nullptr, desktop::TheHost().form);
+    }
+
+    static void ExpectEverythingInPlace(const Form& form) {
+        EXPECT_EQ(QSize(form.ClientWidth, form.ClientHeight), Window().size());
+        for (const Control& control : form.Controls) {
+            EXPECT_EQ(QPoint(control.At.Left, control.At.Top), The<QWidget>(control.Name.c_str()).pos())
+                << control.Name;
+            if (control.Kind != ControlKind::button) continue;
+            const QPushButton& button = The<QPushButton>(control.Name.c_str());
+            const QString shown = button.text().replace("&&", "&");
+            EXPECT_LE(button.fontMetrics().horizontalAdvance(shown), control.At.Width) << control.Name;
+        }
+    }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(EditorOnScreenTest, TheAppearanceEditorStoresAnEntryAndSavesTheTable) {
+    Use(MainForm.Menu201,
+        {[] { ExpectEverythingInPlace(Editor1); },
+         [] { The<QScrollBar>("HScroll1").triggerAction(QAbstractSlider::SliderSingleStepAdd); },
+         [] { Type("Text1", "-12.5"), Type("Text3", "7"); }, [] { Click("Command3"); }, [] { Click("Command2"); }});
+    EXPECT_EQ(-12.5F, game.StageData[1].X);
+    EXPECT_EQ(7, game.StageData[1].No);
+    game.StageData[1] = {};
+    ASSERT_EQ("", ReadStageData("\\STAGE1.DAT"));
+    EXPECT_EQ(-12.5F, game.StageData[1].X) << "saved to the file";
+}
+
+TEST_F(EditorOnScreenTest, TheEnemyEditorHasItsSwappedCaptionsAndRefusesABadField) {
+    const EnemyDataType before = game.EnemyData[0];
+    QString message;
+    QString focused;
+    Use(MainForm.Menu202, {[] { ExpectEverythingInPlace(EnemyDataEdit); }, [] { Type("Text1(4)", "256"); },
+                           [&] {
+                               Later(40, [&] {
+                                   auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                                   ASSERT_NE(nullptr, box);
+                                   message = box->text();
+                                   box->accept();
+                               });
+                               Click("Command1");
+                           },
+                           [] {}, [] {}, [&] { focused = Window().focusWidget()->objectName(); },
+                           [] { Type("Text1(4)", "2"), Type("Text1(2)", "48"); }, [] { Click("Command1"); }});
+    EXPECT_TRUE(message.contains("BomType") && message.contains("255")) << message.toStdString();
+    EXPECT_EQ(QString("Text1(4)"), focused);
+    EXPECT_EQ(48, game.EnemyData[0].Width) << "the field beside the caption Height";
+    EXPECT_EQ(before.Height, game.EnemyData[0].Height);
+    EXPECT_EQ(2, game.EnemyData[0].BomType);
+}
+
+TEST_F(EditorOnScreenTest, TheMovementEditorCommitsOnEveryMoveAndPastesOnward) {
+    Use(MainForm.Menu203, {[] { ExpectEverythingInPlace(EnemyMoveEdit); }, [] { Type("Text1", "3.5"); },
+                           [] { The<QScrollBar>("HScroll1").triggerAction(QAbstractSlider::SliderSingleStepAdd); },
+                           [] { Type("Text1", "9"), Type("Text4", "5"); }, [] { Click("Command5"); },
+                           [] { Click("Command7"); }, [] { Click("Command7"); },
+                           [] { EXPECT_EQ(3, The<QScrollBar>("HScroll1").value()); }, [] { Click("Command3"); }});
+    EXPECT_EQ(3.5F, game.EneMove[0][0].DX);
+    for (const int step : {1, 2}) {
+        EXPECT_EQ(9, game.EneMove[0][step].DX);
+        EXPECT_EQ(5, game.EneMove[0][step].Flag);
+    }
+    game.EneMove[0][2] = {};
+    ASSERT_EQ("", ReadEneMove());
+    EXPECT_EQ(9, game.EneMove[0][2].DX) << "saved to the file";
+}
+
+}  // namespace
