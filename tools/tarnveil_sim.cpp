@@ -191,6 +191,15 @@ double PerMinute(int hits, int frames) {
 
 constexpr double kSecondsPerFrame = 0.039;
 
+std::string JsonText(const char* text) {
+    std::string escaped;
+    for (; *text; ++text) {
+        if (*text == '"' || *text == '\\') escaped += '\\';
+        escaped += static_cast<unsigned char>(*text) < ' ' ? ' ' : *text;
+    }
+    return escaped;
+}
+
 void PrintJson(const std::vector<GameResult>& results) {
     std::puts("[");
     for (const GameResult& r : results) {
@@ -207,7 +216,8 @@ void PrintJson(const std::vector<GameResult>& results) {
                 "%s{\"stage\":%d,\"frames\":%d,\"hits\":%d,\"bossFrames\":%d,\"emptyLongest\":%d,\"cleared\":%s}",
                 i ? "," : "", s.stage, s.frames, s.hits, s.bossFrames, s.emptyLongest, s.cleared ? "true" : "false");
         }
-        std::printf("]}%s\n", &r == &results.back() ? "" : ",");
+        std::printf("],\"framesPerSecond\":%.0f,\"error\":\"%s\"}%s\n", r.seconds > 0 ? r.frames / r.seconds : 0.0,
+                    JsonText(r.error).c_str(), &r == &results.back() ? "" : ",");
     }
     std::puts("]");
 }
