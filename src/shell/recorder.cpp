@@ -1,5 +1,6 @@
 // Writing recordings: watches the game and taps its events.
 #include <optional>
+#include <utility>
 
 #include "host/files.h"
 #include "platform/events.h"
@@ -107,7 +108,7 @@ void StartRecorder(const std::string& path) {
 std::string FinishRecorder() {
     if (!recorder) return {};
     CutOff();
-    const std::string problem = recorder->problem;
+    std::string problem = std::move(recorder->problem);
     recorder.reset();
     SetEventTap(nullptr);
     gameWatcher = {};
