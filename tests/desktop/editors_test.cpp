@@ -36,11 +36,23 @@ class EditorOnScreenTest : public DesktopTest {
     }
     static void Click(const char* button) { QTest::mouseClick(&The<QPushButton>(button), Qt::LeftButton); }
 
-    // Clicks the menu item, lets each step of the user be carried out, then presses Esc.
+    // Carries the steps out one after the other, each after the program has dealt with the one before it, then presses
+    // Esc.
+    static void Carry(std::vector<std::function<void()>> steps, std::size_t next) {
+        constexpr int kPause = 60;  // ms
+        Later(kPause, [steps = std::move(steps), next] {
+            if (next == steps.size()) {
+                QTest::keyClick(&Window(), Qt::Key_Escape);
+                return;
+            }
+            steps[next]();
+            Carry(steps, next + 1);
+        });
+    }
+
+    // Clicks the menu item and plays the user of its window.
     static void Use(MenuItem& item, std::vector<std::function<void()>> steps) {
-        int ms = 50;
-        for (auto& step : steps) Later(ms += 40, std::move(step));
-        Later(ms + 80, [] { QTest::keyClick(&Window(), Qt::Key_Escape); });
+        Carry(std::move(steps), 0);
         EXPECT_TRUE(ClickMenu(item));
         EXPECT_EQ(nullptr, desktop::TheHost().form);
     }
