@@ -31,6 +31,19 @@ bool InsideSheet(const Picture& sheet, int x, int y, int width, int height) {
            y + height <= sheet.height;
 }
 
+// Shown for a character the font does not have.
+Glyph EmptyBox(int height) {
+    Glyph box;
+    box.width = std::max(height / 2, 3);
+    box.advance = box.width + 1;
+    const std::uint32_t full = (1u << box.width) - 1u, sides = 1u | 1u << (box.width - 1);
+    for (int y = 0; y < height; ++y) {
+        const bool edge = y == 1 || y == height - 2;
+        box.rows.push_back(y < 1 || y > height - 2 ? 0u : edge ? full : sides);
+    }
+    return box;
+}
+
 // fonts/NAME.bmp holds the glyphs; fonts/NAME.txt says "height H", then "HEXCODE x y width advance" per line.
 Font ReadFont(const std::string& name) {
     Font font;
@@ -48,6 +61,7 @@ Font ReadFont(const std::string& name) {
         glyph.advance = advance;
         font.glyphs.emplace(static_cast<char32_t>(code), std::move(glyph));
     }
+    font.missing = EmptyBox(std::max(font.height, 4));
     if (font.glyphs.empty()) LogLine("font " + name + ": no glyphs " + reason);
     return font;
 }
@@ -65,19 +79,6 @@ char32_t NextCharacter(std::string_view& text) {
         code = code << 6 | (static_cast<unsigned char>(text[static_cast<std::size_t>(i)]) & 0x3Fu);
     text.remove_prefix(static_cast<std::size_t>(length));
     return code;
-}
-
-// Shown for a character the font does not have.
-Glyph EmptyBox(int height) {
-    Glyph box;
-    box.width = std::max(height / 2, 3);
-    box.advance = box.width + 1;
-    const std::uint32_t full = (1u << box.width) - 1u, sides = 1u | 1u << (box.width - 1);
-    for (int y = 0; y < height; ++y) {
-        const bool edge = y == 1 || y == height - 2;
-        box.rows.push_back(y < 1 || y > height - 2 ? 0u : edge ? full : sides);
-    }
-    return box;
 }
 
 void DrawGlyph(Surface& surface, int x, int y, const Glyph& glyph) {
@@ -103,10 +104,9 @@ const Font& StaffFont() {
 
 void PrintText(Surface& surface, int x, int y, std::string_view utf8) {
     const Font& font = surface.TextFont ? *surface.TextFont : StatusFont();
-    const Glyph missing = EmptyBox(std::max(font.height, 4));
     while (!utf8.empty()) {
         const auto found = font.glyphs.find(NextCharacter(utf8));
-        const Glyph& glyph = found == font.glyphs.end() ? missing : found->second;
+        const Glyph& glyph = found == font.glyphs.end() ? font.missing : found->second;
         DrawGlyph(surface, x, y, glyph);
         x += glyph.advance;
     }

@@ -17,6 +17,7 @@ struct Glyph {
 struct Font {
     int height = 0;
     std::map<char32_t, Glyph> glyphs;
+    Glyph missing;  // an empty box, shown for a character the font does not have
 };
 
 // The font of the game screen and that of the staff roll. Built once, at first use.
