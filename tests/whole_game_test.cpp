@@ -234,6 +234,8 @@ TEST_F(WholeGameTest, BrokenRecordingsAreRefusedWithTheirLine) {
              {replaced("recording 1", "recording 2"), "line 1"},
              {replaced("seed 0", "seed x"), "line 2"},
              {replaced("level 2", "level 2 3"), "line 3"},
+             {replaced("level 2", "level 3"), "line 3"},
+             {replaced("play 0", "play 1"), "line 4"},
              {replaced("Effects=1", "Effects=7"), "line 5"},
              {replaced("joystick 1 2 3 4", "joystick 1 2"), "not understood"},
              {replaced("frame 9", "frame 10"), "not understood"},

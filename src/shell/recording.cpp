@@ -1,5 +1,6 @@
 #include "shell/recording.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
 #include <map>
@@ -76,6 +77,10 @@ class Words {
         const std::string word = Text();
         const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value, base);
         if (error != std::errc() || end != word.data() + word.size()) bad_ = true;
+    }
+    void OneOf(int& value, std::initializer_list<int> choices) {
+        Number(value);
+        if (std::find(choices.begin(), choices.end(), value) == choices.end()) bad_ = true;
     }
     void Flag(bool& value) {
         int number = -1;
@@ -192,9 +197,9 @@ bool ParseLine(const std::string& line, Recording& r, bool& ended) {
     if (first == "seed")
         words.Number(r.seed);
     else if (first == "level")
-        words.Number(r.level);
+        words.OneOf(r.level, {1, 2, 5});
     else if (first == "play")
-        words.Number(r.play);
+        words.OneOf(r.play, {0, 2, 3, 4});
     else if (first == "options")
         ParseOptions(words, r);
     else if (first == "joystick")
