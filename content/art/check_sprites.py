@@ -117,6 +117,8 @@ if a is not None:
         reach("ship frame %d" % f, box, 64, 64, 0.7)
         if solid[24:42, 16:48].mean() < 0.85:
             fault("ship frame %d: body does not fill the hit box (%.2f)" % (f, solid[24:42, 16:48].mean()))
+        if (m[54:] == 0).any() or s[54:].any():
+            fault("ship frame %d: drawn below row 53, which is off the screen at its home place" % f)
         frames.append(s)
     differ("ship", frames)
     level = (frames[0] != 0).any(2)

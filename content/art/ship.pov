@@ -18,22 +18,22 @@
   cylinder { <22, -10, 1.4>, <22, 4, 1.4>, 2.7 Paint(C_Steel) }
   sphere { 0, 1 scale <2.7, 4, 2.7> translate <22, 4, 1.4> Paint(C_Steel) }
   // engine
-  cylinder { <8.5, -6, 2>, <8.5, -20, 2>, 4.6 Paint(C_Steel) }
+  cylinder { <8.5, -6, 2>, <8.5, -14, 2>, 4.6 Paint(C_Steel) }
   sphere { 0, 1 scale <4.6, 7, 4.6> translate <8.5, -6, 2> Paint(C_Steel) }
-  torus { 4.1, 0.9 translate <8.5, -20, 2> Metal(C_GunD) }
-  cylinder { <8.5, -14, 2>, <8.5, -16, 2>, 4.8 Paint(C_Navy) }
+  torus { 4.1, 0.9 translate <8.5, -14, 2> Metal(C_GunD) }
+  cylinder { <8.5, -10, 2>, <8.5, -11.6, 2>, 4.8 Paint(C_Navy) }
   // tail fin
-  object { Plate(array[4]{<13.2,-8>,<15.4,-10>,<16.8,-21>,<13.6,-17>}, 2, 8, 0.8) Paint(C_Steel) }
+  object { Plate(array[4]{<13.2,-8>,<15.4,-10>,<16.8,-18>,<13.6,-15>}, 2, 8, 0.8) Paint(C_Steel) }
 }
 #declare Ship = union {
   Both(Wing)
   // fuselage
-  object { SymPlate(array[5]{<0,15>,<4.4,13>,<6.2,4>,<6.2,-12>,<3.4,-20>}, -1, 6, 2.2) Paint(C_Steel) }
+  object { SymPlate(array[5]{<0,15>,<4.4,13>,<6.2,4>,<6.2,-10>,<3.4,-15>}, -1, 6, 2.2) Paint(C_Steel) }
   cone { <0,9,2.4>, 5.0, <0,31.4,2.4>, 0.7 Paint(C_Steel) }
   cone { <0,17.2,2.4>, 3.5, <0,19.4,2.4>, 3.1 Paint(C_SteelD) }
   cone { <0,20.4,2.4>, 2.9, <0,31.7,2.4>, 0.75 Paint(C_White) }
   // spine
-  object { SymPlate(array[4]{<0,-3>,<2.6,-5>,<2,-18>,<0,-19>}, 5, 9, 1) Paint(C_White) }
+  object { SymPlate(array[4]{<0,-3>,<2.6,-5>,<2,-13>,<0,-14>}, 5, 9, 1) Paint(C_White) }
 
   }
 #declare Canopy = union {
@@ -41,11 +41,12 @@
   sphere { 0, 1 scale <1.1, 2.6, 1> translate <-1.0, 8, 9.2> Glow(C_CyanW, 0.9) }
 }
 #declare Roll = (F = 1 ? -32 : (F = 2 ? 32 : 0));
-// engine flames: three nested cones that do not roll with the ship
+// engine flames: three nested cones that do not roll with the ship. At its home place the lowest ten rows of the frame
+// lie below the screen, so nothing is drawn there.
 #declare Flame = union {
-  cone { <0, -20, -20>, 4.2, <0, -31.6, -20>, 0.6 Glow(srgb <0.10, 0.42, 1.00>, 0.95) }
-  cone { <0, -20, -14>, 3.1, <0, -29, -14>, 0.4 Glow(C_Cyan, 1) }
-  cone { <0, -20, -9>, 1.9, <0, -25.6, -9>, 0.4 Glow(C_White, 1) }
+  cone { <0, -14, -20>, 4.2, <0, -21.4, -20>, 0.6 Glow(srgb <0.10, 0.42, 1.00>, 0.95) }
+  cone { <0, -14, -14>, 3.1, <0, -20.4, -14>, 0.4 Glow(C_Cyan, 1) }
+  cone { <0, -14, -9>, 1.9, <0, -18.6, -9>, 0.4 Glow(C_White, 1) }
 }
 union {
   object { Ship }

@@ -30,15 +30,16 @@ def clip(a, x, y, w, h):
 
 
 def build():
+    # The game shows these strips at fixed places; the words lie in them so that they stand in the middle of the screen.
     out = np.zeros((H, W, 3))
     add = lambda a: np.maximum(out, a, out=out)
-    add(clip(fit('STAGE', 5, 7, 160, 35, letter_h=104), 0, 0, 172, 48))
-    add(clip(fit('SCORE ATTACK', 6, 102, 260, 35, WARM, letter_h=150, t=26, halo=((190, 90, 30), 1.6, 0.5)), 0, 96, 272, 48))
+    add(clip(fit('STAGE', 3, 7, 154, 35, letter_h=104), 0, 0, 172, 48))
+    add(clip(fit('SCORE ATTACK', 3, 102, 244, 35, WARM, letter_h=150, t=26, halo=((190, 90, 30), 1.6, 0.5)), 0, 96, 272, 48))
     for i, d in enumerate('12345'):
-        add(clip(fit(d, i * 48 + 8, 151, 32, 35, letter_h=104), i * 48, 144, 48, 48))
-    add(clip(fit('GAME', 6, 205, 168, 37, WARM, letter_h=104, halo=((190, 80, 30), 1.6, 0.5)), 0, 200, 180, 45))
-    add(clip(fit('OVER', 6, 249, 168, 37, WARM, letter_h=104, halo=((190, 80, 30), 1.6, 0.5)), 0, 245, 180, 45))
-    add(clip(fit('STAGE CLEAR', 6, 304, 260, 38, letter_h=150, t=26), 0, 293, 272, 60))
+        add(clip(fit(d, i * 48 + 3, 151, 24, 35, letter_h=104), i * 48, 144, 48, 48))
+    add(clip(fit('GAME', 3, 205, 144, 37, WARM, letter_h=104, halo=((190, 80, 30), 1.6, 0.5)), 0, 200, 180, 45))
+    add(clip(fit('OVER', 3, 249, 144, 37, WARM, letter_h=104, halo=((190, 80, 30), 1.6, 0.5)), 0, 245, 180, 45))
+    add(clip(fit('STAGE CLEAR', 3, 304, 234, 38, letter_h=150, t=26), 0, 293, 272, 60))
     return clean_for_or(out, 26)
 
 

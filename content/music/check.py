@@ -18,7 +18,7 @@ PIECES = {
     'Stage1.mid':   dict(kind='stage', clash=0),
     'Stage2.Mid':   dict(kind='stage', clash=0),
     'Stage3.Mid':   dict(kind='stage', clash=0),
-    'Atacck.Mid':   dict(kind='loop', min=30, max=60, clash=0),
+    'Atacck.Mid':   dict(kind='loop', min=90, max=120, clash=0),
     'boss.mid':     dict(kind='loop', min=40, clash=0),
     'boss02.mid':   dict(kind='loop', min=50, clash=3),   # the bent motif: Eb over the held D
     'Cleared.Mid':  dict(kind='loop', min=5, max=10, clash=0),

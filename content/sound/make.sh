@@ -1,7 +1,7 @@
 #!/bin/bash
 # Makes the two sound effects with sox.  -R keeps the noise the same every time.
 #   Wave1.wav  an explosion (also the ship hit): a falling thump and a noise tail
-#   Wave2.wav  a damage tick: short and bright, quiet because it repeats often
+#   Wave2.wav  a damage tick: short and bright; as loud as the explosion when each is repeated without a pause
 # Usage: make.sh [OUTDIR]      (default: ../../assets/data)
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
@@ -31,6 +31,6 @@ s -n "${wav[@]}" "$tmp/chirp.wav" synth 0.060 triangle 2600:1500 fade h 0.002 0.
 s -n "${wav[@]}" "$tmp/ring.wav" synth 0.045 sine 4130 fade h 0.002 0.045 0.042 gain -16
 s -n "${wav[@]}" "$tmp/tap.wav" synth 0.012 whitenoise gain -6 highpass 2500 fade l 0.001 0.012 0.010 gain -12
 s -m -v 1 "$tmp/chirp.wav" -v 1 "$tmp/ring.wav" -v 1 "$tmp/tap.wav" "${wav[@]}" "$tmp/tick.wav"
-s "$tmp/tick.wav" "${wav[@]}" "$out/Wave2.wav" norm -18 fade h 0.002 0.060 0.020
+s "$tmp/tick.wav" "${wav[@]}" "$out/Wave2.wav" norm -11.5 fade h 0.002 0.060 0.020
 
 for f in Wave1.wav Wave2.wav; do echo "$f: $(stat -c %s "$out/$f") bytes"; done

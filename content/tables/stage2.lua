@@ -1,119 +1,149 @@
 -- Stage 2. The minefield: black sky, and nothing marches. Things drift, spin and burst; the way through is between
 -- them, and hunters wait behind the walls.
+-- S: swarms that call for the spread; F: tough ones by one or two that call for the forward shot.
 include "waves.lua"
 
-wait(seconds(1.5)) -- the banner
+wait(seconds(1.2)) -- the banner
 
--- First mines -------------------------------------------------------------------------------------------------------
-
+-- 1 S. Star mines, first a few, then a shower
+passage "1 S Star mines"
 introduce("star", 160)
-rain("star", 4, 16)
-wait(66)
-stream("star", 3, 60, 14)
-stream("star", 3, 260, 14)
+swarm("star", 10, 8)
+wait(70)
+posts "spike"
+swarm("star", 14, 6)
+wait(60)
+swarm("star", 8, 7)
 wait(50)
 
+-- 2 F. Orbs: they zigzag, aim, and bounce shots about if they live
+passage "2 F Orbs"
 introduce("orb", 120)
-row("orb", 2, 160, 170)
-wait(30)
-rain("star", 3, 14)
+row("orb", 2, 127, 190)
+wait(50)
+spawn("orb", 40)
+spawn("orb", 220)
+wait(50)
+spawn("orb", 130)
 wait(40)
 
+-- 3 S. Needles: they hang in the air before they drop
+passage "3 S Needles"
 introduce("needle", 160)
-stairs("needle", 6, 45, 46, 8)
-wait(60)
-stairs("needle", 6, 275, -46, 8)
-wait(56)
-
--- The walls ---------------------------------------------------------------------------------------------------------
-
-wall("spike", 250)
-wait(56)
-stream("needle", 4, 240, 10)
+rank("needle", 7)
+wait(26)
+swarm("needle", 12, 5)
+posts "spike"
 wait(40)
-wall("spike", 70)
-wait(56)
-stream("needle", 4, 80, 10)
-rain("star", 3, 16)
+swarm("star", 8, 5)
+rank("needle", 8)
 wait(40)
 
+-- 4 F. A gate of spikes
+passage "4 F A gate of spikes"
+rest()
+wait(26)
+row("spike", 3, 160, 110)
+wait(50)
+row("spike", 2, 220, 130)
+wait(24)
+spawn("orb", 40)
+wait(50)
+
+-- 5 S. Gyres: they come down in rings
+passage "5 S Gyres"
 introduce("gyre", 160)
-row("gyre", 2, 160, 140)
-wait(56)
-zip("gyre", 4, 70, 230, 22)
-wait(80)
+posts "spike"
+swarm("gyre", 13, 5, 220)
+wait(50)
+swarm("gyre", 13, 6, 220)
+wait(30)
+rank("needle", 7)
+wait(40)
 
+-- 6 F. Moths
+passage "6 F Moths"
 introduce("moth", 160)
-row("moth", 2, 160, 130)
-wait(36)
-rain("star", 4, 12)
+spawn("moth", 90)
+wait(40)
+spawn("moth", 230)
+wait(50)
+spawn("moth", 160)
 wait(50)
 
--- The wrecks --------------------------------------------------------------------------------------------------------
+-- 7 S. Between the wrecks: stars and needles together
+passage "7 S Between the wrecks"
+posts "spike"
+swarm("star", 12, 6)
+wait(40)
+rank("needle", 8)
+wait(30)
+swarm("gyre", 12, 5, 220)
+wait(40)
+swarm("needle", 12, 4)
+wait(40)
 
+-- 8 F. The wrecks: guns on the ground
+passage "8 F The wrecks"
 introduce("quad", 160)
-row("quad", 2, 160, 190)
-rain("star", 4, 14)
-wait(40)
-stairs("needle", 5, 80, 40, 8)
-wait(60)
-
-introduce("rack", -16, 40)
-from_left("rack", 3, 40, 18)
-row("spike", 2, 160, 240)
-wait(60)
-
-introduce("ring", 160)
-spawn("ring", 80)
-wait(44)
-spawn("ring", 240)
-rain("star", 4, 14)
-wait(50)
-stream("gyre", 2, 160, 30)
-wait(60)
-
-introduce("halberd", 120)
-stream("halberd", 3, 90, 16)
-wait(50)
-stream("halberd", 3, 230, 16)
-row("gyre", 2, 120, 120)
-wait(50)
-
-introduce("slug", 160)
-row("slug", 2, 160, 150)
-rain("star", 4, 14)
-wait(70)
-
--- The thick of it ---------------------------------------------------------------------------------------------------
-
-wall("spike", 160)
-wait(56)
-spawn("moth", 160)
-wait(60)
-wall("spike", 60)
-wait(50)
-stream("halberd", 3, 260, 18)
-wait(66)
-row("orb", 2, 160, 200)
-zip("gyre", 3, 70, 230, 20)
-wait(76)
-spawn("ring", 160)
-wait(50)
-rain("star", 6, 10)
-wait(40)
-stairs("needle", 6, 45, 46, 8)
-wait(70)
-spawn("slug", 90)
-wait(30)
-spawn("slug", 230)
-wait(60)
 row("quad", 2, 160, 220)
-wait(36)
-row("gyre", 2, 160, 120)
+wait(70)
+introduce("rack", -16, 40)
+from_left("rack", 2, 40, 40)
+wait(50)
+
+-- 9 F. Rings at anchor
+passage "9 F Rings at anchor"
+introduce("ring", 160)
+spawn("ring", 70)
+wait(50)
+spawn("ring", 250)
+wait(60)
+
+-- 10 S. Everything that drifts
+passage "10 S Everything that drifts"
+posts "spike"
+swarm("star", 14, 6)
+wait(56)
+swarm("gyre", 12, 5, 220)
+wait(40)
+rank("needle", 8)
 wait(30)
+rank("needle", 7)
+wait(30)
+swarm("star", 12, 6)
+wait(50)
+
+-- 11 F. Halberds: they feint and come back
+passage "11 F Halberds"
+introduce("halberd", 120)
+spawn("halberd", 230)
+wait(40)
+row("halberd", 2, 160, 180)
+wait(50)
+
+-- 12 S. The thick of it
+passage "12 S The thick of it"
+posts "spike"
+swarm("gyre", 11, 6, 220)
+wait(50)
+swarm("star", 14, 6)
+wait(60)
+swarm("needle", 13, 5)
+wait(40)
+swarm("gyre", 12, 6, 220)
+wait(40)
+
+-- 13 F. Slugs and their carpets
+passage "13 F Slugs and their carpets"
+introduce("slug", 160)
+row("slug", 2, 160, 170)
+wait(70)
 spawn("moth", 160)
+wait(30)
+swarm("star", 12, 6)
 rest()
 
-wait(seconds(5)) -- breather
+wait(seconds(1.5)) -- breath
 boss "eye"
 clear()

@@ -1,100 +1,162 @@
 -- Stage 3. The fleet: great ships with escorts, and aces from every side, also from behind.
+-- S: swarms that call for the spread; F: great ships and aces, by one or two, that call for the forward shot.
 include "waves.lua"
 
-wait(seconds(1.5)) -- the banner
+wait(seconds(1.2)) -- the banner
 
--- The screen of the fleet -------------------------------------------------------------------------------------------
-
+-- 1 S. The screen of the fleet: climbers from behind
+passage "1 S The screen of the fleet"
 introduce("wasp_ace", 60, HEIGHT)
-stream("wasp_ace", 3, 60, 14, HEIGHT)
-stream("wasp_ace", 3, 260, 14, HEIGHT)
-wait(60)
-
-introduce("talon_ace", 110)
-row("talon_ace", 2, 130, 150)
+stream("wasp_ace", 5, 60, 8, HEIGHT)
+stream("wasp_ace", 5, 260, 8, HEIGHT)
 wait(40)
-vee("dart", 3, 160, 44, 6)
+swarm("dart", 16, 5)
 wait(46)
 
-introduce("lance", 30, HEIGHT)
-both("lance", "lance_r", 2, 30, 24, HEIGHT)
-wait(70)
-
-introduce("manta_ace", 70)
-stream("manta_ace", 3, 70, 26)
-wait(90)
-
--- Gun ships ---------------------------------------------------------------------------------------------------------
-
-introduce("iris", 160)
-row("iris", 2, 160, 170)
-wait(44)
-both("sickle", "sickle_l", 3, 40, 10)
-wait(56)
-
-introduce("crab", -24, 30)
-from_left("crab", 2, 30, 40)
-wait(36)
-stream("needle", 5, 160, 10)
-wait(60)
-
-introduce("barge", 160, nil, 70)
-stream("dart", 4, 50, 10)
-stream("dart", 4, 270, 10)
-wait(40)
-both("disc", "disc_l", 5, 30, 9)
-wait(56)
-
-introduce("hive", 100, nil, 60)
-both("fang", "fang_r", 4, 144, 8)
-wait(60)
-stream("halberd", 3, 240, 14)
+-- 2 F. Aces
+passage "2 F Aces"
+introduce("talon_ace", 110)
+row("talon_ace", 2, 90, 120)
 wait(50)
-
--- The flag ships ----------------------------------------------------------------------------------------------------
-
-introduce("fort", 110, nil, 90)
+introduce("lance", 30, HEIGHT)
 both("lance", "lance_r", 1, 30, 0, HEIGHT)
 wait(60)
-zip("dart", 6, 60, 260, 10)
-wait(80)
 
-introduce("citadel", 220, nil, 130)
-zip("wasp", 4, 60, 260, 16)
+-- 3 S. Sickles and darts with climbers behind them
+passage "3 S Sickles and darts"
+both("sickle", "sickle_l", 6, 50, 7)
+wait(36)
+swarm("dart", 14, 5)
+wait(40)
+stream("wasp_ace", 5, 160, 8, HEIGHT)
+rank("needle", 7)
+wait(40)
+
+-- 4 F. Mantas in wide circles
+passage "4 F Mantas in wide circles"
+introduce("manta_ace", 70)
+stream("manta_ace", 2, 70, 44)
 wait(90)
-row("talon_ace", 2, 130, 200)
-wait(90)
 
--- Everything that still flies ---------------------------------------------------------------------------------------
+-- 5 F. Gun ships
+passage "5 F Gun ships"
+introduce("iris", 160)
+row("iris", 2, 160, 220)
+wait(60)
+introduce("crab", -24, 30)
+from_left("crab", 2, 30, 50)
+wait(60)
 
-spawn("barge", 90)
-wait(60)
-stream("wasp_ace", 4, 250, 14, HEIGHT)
-wait(60)
-spawn("barge", 230)
-wait(70)
-spawn("iris", 70)
-both("fang", "fang_r", 4, 144, 9)
-wait(70)
-row("quad", 2, 160, 180)
+-- 6 S. Their escorts
+passage "6 S Their escorts"
+swarm("needle", 14, 4)
 wait(30)
-from_left("kite", 3, 60, 16)
-from_right("kite_l", 3, 100, 16)
-wait(76)
-both("sickle", "sickle_l", 4, 40, 11)
-wait(76)
-spawn("manta_ace", 70)
-spawn("iris", 250)
-wait(70)
-both("lance", "lance_r", 2, 30, 26, HEIGHT)
-wait(56)
-row("cross", 3, 160, 90)
+both("disc", "disc_l", 7, 50, 7)
+wait(40)
+swarm("wasp", 14, 5, 190)
+wait(46)
+from_left("kite", 5, 60, 8)
+from_right("kite_l", 5, 100, 8)
+wait(46)
+
+-- 7 F. A barge
+passage "7 F A barge"
+introduce("barge", 160)
+wait(30)
+both("fang", "fang_r", 7, 134, 6)
 wait(50)
-vee("dart", 3, 160, 44, 6)
+
+-- 8 S. Scouts of three kinds
+passage "8 S Scouts of three kinds"
+swarm("dart", 16, 5)
+wait(30)
+both("sickle", "sickle_l", 6, 50, 7)
+wait(40)
+stream("wasp_ace", 5, 60, 8, HEIGHT)
+stream("wasp_ace", 5, 260, 8, HEIGHT)
+wait(40)
+
+-- 9 F. A hive and its guard
+passage "9 F A hive and its guard"
+introduce("hive", 100)
+wait(20)
+stream("halberd", 3, 240, 26)
+wait(70)
+
+-- 10 S. The gap in the line
+passage "10 S The gap in the line"
+rank("needle", 8)
+wait(24)
+swarm("wasp", 14, 5, 190)
+wait(36)
+both("disc", "disc_l", 6, 60, 7)
+wait(40)
+swarm("dart", 14, 5)
+wait(46)
+
+-- 11 F. The flag ships
+passage "11 F The flag ships"
+introduce("fort", 110)
+wait(40)
+zip("dart", 8, 60, 260, 6)
+wait(40)
+spawn("lance_r", 290, HEIGHT)
+wait(40)
+introduce("citadel", 220)
+wait(50)
+both("lance", "lance_r", 1, 30, 0, HEIGHT)
+wait(60)
+
+-- 12 S. Boarders from both sides
+passage "12 S Boarders from both sides"
+both("fang", "fang_r", 6, 134, 6)
+wait(36)
+from_left("kite", 5, 60, 8)
+from_right("kite_l", 5, 100, 8)
+swarm("dart", 12, 6)
+wait(46)
+stream("wasp_ace", 5, 60, 8, HEIGHT)
+stream("wasp_ace", 5, 260, 8, HEIGHT)
+wait(40)
+
+-- 13 F. The second line
+passage "13 F The second line"
+row("quad", 2, 160, 220)
+wait(56)
+row("iris", 2, 160, 220)
+wait(50)
+spawn("manta_ace", 70)
+wait(40)
+spawn("crab", -24, 30)
+wait(50)
+
+-- 14 S. Everything that still flies
+passage "14 S Everything that still flies"
+swarm("wasp", 14, 5, 190)
+wait(46)
+both("sickle", "sickle_l", 6, 50, 7)
+wait(36)
+rank("needle", 8)
+wait(24)
+swarm("dart", 14, 5)
+wait(40)
+both("disc", "disc_l", 7, 50, 7)
+wait(44)
+
+-- 15 F. The last line
+passage "15 F The last line"
+spawn("hive", 220)
+wait(50)
+row("talon_ace", 2, 90, 120)
+wait(46)
+both("lance", "lance_r", 1, 30, 0, HEIGHT)
+spawn("barge", 160)
+wait(40)
+swarm("dart", 14, 6)
 rest()
 
-wait(seconds(4)) -- breather
+wait(seconds(1.5)) -- breath
 first_boss "avenger"
-wait(seconds(3))
+wait(seconds(2))
 last_boss "dreadnought"
 clear()

@@ -45,6 +45,10 @@ end
 
 function wait(n) now = now + n end
 
+-- Names what comes from here on, for charts.
+local before = 0 -- frames that repeats have added to the time line
+function passage(name) name_passage(now + before, name) end
+
 -- Waits until the last enemy put down so far has come.
 function rest()
     for _, s in ipairs(pending) do now = math.max(now, s.time) end
@@ -65,9 +69,9 @@ end
 -- A new kind, by itself: what came before has entered a while ago, and the next comes a while later.
 function introduce(name, x, y, after)
     rest()
-    wait(36)
+    wait(26)
     spawn(name, x, y)
-    wait(after or 40)
+    wait(after or 28)
 end
 
 -- One after another from the same place.
@@ -84,6 +88,12 @@ end
 function row(name, n, x, dx, y)
     for i = 0, n - 1 do spawn(name, x + (i - (n - 1) / 2) * dx, y) end
 end
+
+-- A rank over the whole width.
+function rank(name, n) row(name, n, WIDTH / 2, 280 / (n - 1)) end
+
+-- One at either edge: the posts of a gate.
+function posts(name) row(name, 2, WIDTH / 2, 276) end
 
 -- A wedge: the leader, then a pair every `gap` frames.
 function vee(name, pairs_behind, x, dx, gap)
@@ -113,6 +123,14 @@ function wall(name, gap_x)
     end
 end
 
+-- A swarm: `n` one after another over the width (of 270 pixels), so that no two in a row come down the same lane.
+local LANES = { 0, -40, 36, -20, 20, -50, 48, -8, 12, -30, 42, -44, 28, -14, 6, 50, -36, 16 } -- hundredths
+function swarm(name, n, gap, width)
+    for i = 0, n - 1 do
+        spawn(name, (WIDTH + LANES[i % #LANES + 1] * (width or 270) / 50) // 2, nil, i * gap)
+    end
+end
+
 -- From anywhere.
 function rain(name, n, gap)
     for i = 0, n - 1 do spawn(name, RANDOM, nil, i * (gap or 0)) end
@@ -130,10 +148,11 @@ end
 -- because a command that is jumped to is passed over.
 function repeated(n, write)
     settle()
-    local first = next_entry()
+    local first, begun = next_entry(), now
     write()
     settle()
     entry { No = "repeat", X = first, Y = n - 1, Power = n - 1 }
+    before = before + (n - 1) * (now - begun)
 end
 
 -- Boss music, the boss, and the wait for its end, with which the music ends.
