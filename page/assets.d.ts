@@ -1,0 +1,3 @@
+// assets.js is made by the build.
+export const assets: Record<string, string>;
+export const pieces: Record<string, number>;
