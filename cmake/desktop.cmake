@@ -6,6 +6,7 @@ if(PkgConfig_FOUND)
   pkg_check_modules(SDL2 QUIET IMPORTED_TARGET sdl2)
   pkg_check_modules(SDL2_MIXER QUIET IMPORTED_TARGET SDL2_mixer)
   pkg_check_modules(FLUIDSYNTH QUIET IMPORTED_TARGET fluidsynth)
+  pkg_check_modules(XCB QUIET IMPORTED_TARGET xcb)
 else()
   message(STATUS "pkg-config is missing (package pkgconf): SDL 2, SDL2_mixer and FluidSynth cannot be found")
 endif()
@@ -14,6 +15,8 @@ if(NOT Qt6Widgets_FOUND)
   return()
 elseif(NOT SDL2_FOUND)
   message(STATUS "The desktop program is left out: SDL 2 is missing (package libsdl2-dev)")
+  return()
+elseif(NOT TARGET tarnveil_command_line)
   return()
 endif()
 
@@ -28,27 +31,46 @@ else()
   set(audio ${desktop}/audio_silent.cpp)
   set(audio_libraries)
 endif()
-# Objects, not an archive: the game calls the host and the host calls the game.
+if(XCB_FOUND)
+  set(keys_down ${desktop}/keys_down_x11.cpp)
+  set(keys_down_libraries PkgConfig::XCB)
+else()
+  message(STATUS "Under X the desktop program cannot ask which keys are down: XCB is missing (package libxcb1-dev)")
+  set(keys_down ${desktop}/keys_down_unknown.cpp)
+  set(keys_down_libraries)
+endif()
 add_library(tarnveil_desktop OBJECT
-  ${desktop}/options.cpp ${desktop}/program_folder.cpp ${desktop}/desktop.cpp ${desktop}/look.cpp
+  ${desktop}/program_folder.cpp ${desktop}/desktop.cpp ${desktop}/look.cpp
   ${desktop}/placing.cpp ${desktop}/waiting.cpp ${desktop}/key_map.cpp ${desktop}/picture_view.cpp
+  ${desktop}/scaling.cpp ${desktop}/change_watch.cpp ${desktop}/calm.cpp ${desktop}/showing.cpp ${desktop}/full_screen_bar.cpp
+  ${desktop}/edge_drag.cpp ${desktop}/pause.cpp
   ${desktop}/menu_view.cpp ${desktop}/main_window.cpp ${desktop}/joysticks.cpp ${desktop}/form_widgets.cpp
-  ${desktop}/form_window.cpp ${desktop}/window.cpp ${desktop}/recorded_play.cpp
-  ${desktop}/clock.cpp ${desktop}/log.cpp ${audio})
+  ${desktop}/form_window.cpp ${desktop}/window.cpp
+  ${desktop}/clock.cpp ${desktop}/log.cpp ${TARNVEIL_POSIX_FILES} ${keys_down} ${audio})
 set_source_files_properties(${desktop}/program_folder.cpp PROPERTIES COMPILE_DEFINITIONS
                             "TARNVEIL_SOURCE_DATA=\"${CMAKE_CURRENT_SOURCE_DIR}/assets/data\"")
-target_link_libraries(tarnveil_desktop PUBLIC tarnveil_game Qt6::Widgets PkgConfig::SDL2 ${audio_libraries})
+target_link_libraries(tarnveil_desktop PUBLIC tarnveil_state Qt6::Widgets PkgConfig::SDL2 ${keys_down_libraries}
+                      ${audio_libraries})
 
-add_executable(tarnveil src/main.cpp)
-target_link_libraries(tarnveil PRIVATE tarnveil_desktop)
-target_compile_definitions(tarnveil PRIVATE TARNVEIL_VERSION="${PROJECT_VERSION}")
+add_executable(tarnveil src/main.cpp src/options.cpp src/recorded_play.cpp)
+target_link_libraries(tarnveil PRIVATE tarnveil_desktop tarnveil_game tarnveil_command_line)
+add_papers(tarnveil 6)
 
 include(GNUInstallDirs)
-install(TARGETS tarnveil RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(DIRECTORY assets/data/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tarnveil/data)
 install(FILES packaging/tarnveil.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES packaging/tarnveil.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
         RENAME net.tarnveil.Tarnveil.metainfo.xml)
-install(FILES packaging/tarnveil.6 DESTINATION ${CMAKE_INSTALL_MANDIR}/man6)
 install(FILES assets/pictures/icon.png DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/32x32/apps
         RENAME tarnveil.png)
+set_source_files_properties(${desktop}/scaling.cpp PROPERTIES COMPILE_OPTIONS "$<$<NOT:$<CONFIG:Debug>>:-O3>")
+
+# What showing a frame costs, against one copy of the bytes shown.
+add_executable(show_benchmark EXCLUDE_FROM_ALL tools/show_benchmark.cpp)
+target_link_libraries(show_benchmark PRIVATE tarnveil_desktop tarnveil_game)
+
+# How steady the frames are on a screen, for minutes or hours.
+if(TARGET tarnveil_command_line)
+  add_executable(pace EXCLUDE_FROM_ALL tools/pace.cpp)
+  target_link_libraries(pace PRIVATE tarnveil_desktop tarnveil_simulation tarnveil_command_line)
+endif()

@@ -6,37 +6,45 @@
 
 #include "host/desktop/audio_setup.h"
 #include "host/desktop/desktop.h"
-#include "host/desktop/options.h"
 #include "host/desktop/program_folder.h"
-#include "host/desktop/recorded_play.h"
 #include "host/window.h"
-#include "platform/folder.h"
-#include "shell/main_form.h"
+#include "options.h"
+#include "recorded_play.h"
 #include "shell/main_routine.h"
-#include "shell/random.h"
+#include "stage/data_files.h"
+#include "state/main_form.h"
+#include "state/random.h"
+#include "toolkit/folder.h"
 
 namespace {
 
 constexpr int kFailed = 1;
-constexpr int kWrongUse = 2;
 
-int RefuseUse(const std::string& reason) {
-    std::fprintf(stderr, "tarnveil: %s\nTry 'tarnveil --help'.\n", reason.c_str());
-    return kWrongUse;
-}
-
-std::string FolderFor(const desktop::Options& options) {
-    if (!options.folder.empty()) return options.folder;
+desktop::Folders FoldersFor(const desktop::Options& options) {
+    if (!options.folder.empty()) return {options.folder, {}};
     const auto executable = std::filesystem::path(QCoreApplication::applicationDirPath().toStdString());
     const QString user = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-    return desktop::ChooseFolder(executable, user.toStdString()).string();
+    std::vector<std::string> tables;
+    for (const std::string_view file : TableFiles()) tables.push_back(BareName(file));
+    return desktop::ChooseFolders(executable, user.toStdString(), tables);
 }
 
 void ApplyOptions(const desktop::Options& options) {
-    SetProgramFolder(FolderFor(options));
+    const desktop::Folders folders = FoldersFor(options);
+    SetProgramFolder(folders.own.string(), folders.shipped.string());
     if (options.author) EnableAuthorMenus();
     if (options.seed) FixSeed(*options.seed);
     SetSoundFont(options.soundFont);
+}
+
+// What the line says goes before what was kept from last time. Nobody has to sit at the keys while a replay runs.
+void ApplyToWindow(const desktop::Options& options, desktop::Host& host) {
+    desktop::Showing& showing = host.showing;
+    if (options.scale) showing.times = *options.scale, showing.fullScreen = false;
+    showing.fullScreen |= options.fullScreen;
+    showing.fit |= options.fit;
+    showing.calm |= options.calm;
+    showing.kept = host.pauseWhenLeft = options.replay.empty();
 }
 
 // The sound device is open exactly while the game runs.
@@ -71,14 +79,9 @@ int Play(const desktop::Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const desktop::Options options = desktop::ParseOptions({argv + 1, argv + argc});
-    if (!options.error.empty()) return RefuseUse(options.error);
-    if (options.help) return std::fputs(desktop::HelpText().c_str(), stdout) < 0 ? kFailed : 0;
-    if (options.version) return std::puts("tarnveil " TARNVEIL_VERSION) < 0 ? kFailed : 0;
-    std::error_code error;
-    if (!options.folder.empty() && !std::filesystem::is_directory(options.folder, error)) {
-        return RefuseUse("--folder: " + options.folder + " is not a folder");
-    }
+    desktop::Options options;
+    if (const auto ended = desktop::ReadOptions(argc, argv, options)) return *ended;
     desktop::Host host(argc, argv);
+    ApplyToWindow(options, host);
     return Play(options);
 }

@@ -1,7 +1,7 @@
 // Aimed flight, shared by the birth of shots and the re-aiming of shots in flight.
 #pragma once
 
-#include "shell/state.h"
+#include "state/state.h"
 
 inline constexpr int kShipCentre = 32;  // from the ship's corner, on both axes
 

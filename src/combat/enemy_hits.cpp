@@ -5,8 +5,9 @@
 #include <limits>
 
 #include "platform/music.h"
-#include "platform/resources.h"
-#include "shell/main_form.h"
+#include "state/bitmaps.h"
+#include "state/main_form.h"
+#include "toolkit/resources.h"
 
 namespace {
 
@@ -17,8 +18,6 @@ constexpr int kReachLeft = 25, kReachTop = 24, kReachRight = -5, kReachBottom = 
 constexpr double kForwardDamage = 1.0;
 constexpr double kSpreadLoss = 0.6;    // of the damage, in the spread mode
 constexpr Integer kSoundInterval = 3;  // calls between two damage sounds
-constexpr Byte kFirstBossKind = 37;
-constexpr int kBomBitmap = 150;
 constexpr int kEmptiedSize = 16;
 
 bool Touches(const EnemyType& enemy, Single x, Single y) {
@@ -47,7 +46,7 @@ void Destroy(EnemyType& enemy) {
     enemy.State = 2;
     enemy.BomFrame = 0;
     enemy.Step = 0;
-    if (enemy.Kind >= kFirstBossKind) {
+    if (enemy.Kind >= kFirstBoss) {
         ReleaseBoss();
     } else {
         AddScore(game.EnemyData[enemy.Kind].Score);

@@ -1,7 +1,7 @@
 // What a player shot does to the enemies.
 #pragma once
 
-#include "shell/state.h"
+#include "state/state.h"
 
 // Tests a shot at (x, y) against every live enemy and damages each one it touches: 1 hit point forward, 0.4 spread, by
 // the shot mode of this moment. A destroyed enemy turns into an explosion and scores; a destroyed boss scores nothing

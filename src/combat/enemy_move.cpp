@@ -3,15 +3,12 @@
 #include <string>
 
 #include "combat/fire_patterns.h"
-#include "platform/rounding.h"
-#include "platform/surface.h"
-#include "shell/main_form.h"
 #include "stage/faults.h"
+#include "state/main_form.h"
+#include "toolkit/rounding.h"
+#include "toolkit/surface.h"
 
 namespace {
-
-constexpr Byte kLastSheetKind = 36;  // kinds up to here are on EnemyPic
-constexpr Byte kLastBossKind = 40;   // kinds up to here on BossPic; the rest is never drawn
 
 bool IsStep(int step) {
     return step >= 0 && step < kMoveSteps;
@@ -93,7 +90,7 @@ bool Advance(EnemyType& enemy, const EneMoveType* script) {
 
 // The mask row lies Height below the sprite row. Once the last boss has emptied EnemyPic there is nothing to draw.
 void DrawEnemy(const EnemyType& enemy) {
-    if (enemy.Kind > kLastBossKind) return;
+    if (enemy.Kind > kLastDrawnKind) return;
     const Surface& sheet = enemy.Kind <= kLastSheetKind ? MainForm.EnemyPic : MainForm.BossPic;
     if (!sheet.HasPicture) return;
     const EnemyDataType& kind = game.EnemyData[enemy.Kind];

@@ -1,7 +1,7 @@
 // The enemies' movement scripts.
 #pragma once
 
-#include "shell/state.h"
+#include "state/state.h"
 
 // Step codes above the fire codes; 0 and 12..252 are plain moves.
 enum StepFlag : Byte {

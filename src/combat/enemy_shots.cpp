@@ -1,10 +1,11 @@
 #include "combat/enemy_shots.h"
 
 #include "combat/aim.h"
+#include "combat/fire_patterns.h"
 #include "combat/ship_hits.h"
-#include "platform/surface.h"
-#include "shell/main_form.h"
-#include "shell/state.h"
+#include "state/main_form.h"
+#include "state/state.h"
+#include "toolkit/surface.h"
 
 namespace {
 
@@ -154,6 +155,7 @@ void FlyShot(EneShotType& shot, const ShotLook& look) {
     const Out out = OutOfField(shot, look.flight);
     Steer(shot, look.flight, out);
     const bool hit = HitsShip(shot, look.hitBox);
+    if (hit && shotWatcher.Hit) shotWatcher.Hit(static_cast<int>(&shot - game.EneShot));
     if (hit || LeavesField(shot, look.flight, out)) shot.Used = 0;
 }
 

@@ -1,8 +1,8 @@
 #include "combat/explosions.h"
 
-#include "platform/surface.h"
-#include "shell/main_form.h"
-#include "shell/state.h"
+#include "state/main_form.h"
+#include "state/state.h"
+#include "toolkit/surface.h"
 
 namespace {
 

@@ -4,7 +4,8 @@
 #include <span>
 
 #include "combat/aim.h"
-#include "shell/random.h"
+#include "combat/enemy_move.h"
+#include "state/random.h"
 
 namespace {
 
@@ -79,6 +80,7 @@ constexpr FireCode kFireCodes[] = {
     /* 10 volley               */ {3, Clears::all, kFire10},
     /* 11 two trails, right    */ {2, Clears::all, kFire11},
 };
+static_assert(std::size(kFireCodes) == kLastFireCode + 1, "a row for each code that a step may have");
 
 void ClearCounters(EneShotType& shot, Clears clears) {
     if (clears == Clears::nothing) return;
@@ -155,6 +157,8 @@ void SetEneShot(Integer slot, Byte code) {
     const FireCode& fire = kFireCodes[code];
     int number = 0;
     for (int j = 0; j <= game.EneShotMax && number < fire.shots; ++j) {
-        if (game.EneShot[j].Used == 0) CreateShot(game.EneShot[j], fire, number++, enemy);
+        if (game.EneShot[j].Used != 0) continue;
+        CreateShot(game.EneShot[j], fire, number++, enemy);
+        if (shotWatcher.Fired) shotWatcher.Fired(j, slot, code);
     }
 }

@@ -5,9 +5,9 @@
 #include "combat/enemy_hits.h"
 #include "platform/joystick_input.h"
 #include "platform/keyboard_input.h"
-#include "platform/surface.h"
-#include "shell/main_form.h"
-#include "shell/state.h"
+#include "state/main_form.h"
+#include "state/state.h"
+#include "toolkit/surface.h"
 
 namespace {
 

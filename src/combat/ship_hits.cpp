@@ -2,10 +2,10 @@
 
 #include "platform/events.h"
 #include "platform/music.h"
-#include "platform/rounding.h"
-#include "platform/surface.h"
-#include "shell/game_loop.h"
-#include "shell/main_form.h"
+#include "platform/waits.h"
+#include "state/main_form.h"
+#include "toolkit/rounding.h"
+#include "toolkit/surface.h"
 
 namespace {
 
@@ -28,7 +28,7 @@ bool TouchesShip(Single x, Single y, Single width, Single height) {
 }
 
 bool IsScoreAttack() {
-    return game.StageNo == 0;
+    return game.StageNo == kScoreAttackStage;
 }
 
 void FreeEnemyShots() {

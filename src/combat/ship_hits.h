@@ -1,7 +1,7 @@
 // The ship's hit box and energy, and its picture.
 #pragma once
 
-#include "shell/state.h"
+#include "state/state.h"
 
 // Whether the box touches the ship: 1 when the ship took the hit, else 0. Touching edges is no hit, and a destroyed
 // ship takes none. A hit costs energy, turns the screen red for a moment (yields once, then stands still for 100 ms)

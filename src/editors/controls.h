@@ -1,7 +1,7 @@
 // Short forms for the rows of a window's design. Places are pixels; the number is the tab order.
 #pragma once
 
-#include "platform/forms.h"
+#include "toolkit/forms.h"
 
 namespace controls {
 

@@ -3,7 +3,7 @@
 // being played: with stage 2's table in memory and the choice 0, "保存" writes that table into "STAGE1.DAT".
 #pragma once
 
-#include "platform/forms.h"
+#include "toolkit/forms.h"
 
 extern Form Editor1;
 

@@ -2,8 +2,8 @@
 
 #include "editors/controls.h"
 #include "editors/fields.h"
-#include "shell/state.h"
 #include "stage/data_files.h"
+#include "state/state.h"
 
 namespace enemy_data_edit {
 

@@ -2,7 +2,7 @@
 // stores is in effect at once; "保存" brings the table to the disk.
 #pragma once
 
-#include "platform/forms.h"
+#include "toolkit/forms.h"
 
 extern Form EnemyDataEdit;
 

@@ -7,8 +7,8 @@
 
 #include <optional>
 
-#include "platform/forms.h"
-#include "shell/state.h"
+#include "state/state.h"
+#include "toolkit/forms.h"
 
 extern Form EnemyMoveEdit;
 

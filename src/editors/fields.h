@@ -6,9 +6,9 @@
 #include <string>
 #include <variant>
 
-#include "platform/forms.h"
-#include "platform/numbers.h"
-#include "shell/state.h"
+#include "state/state.h"
+#include "toolkit/forms.h"
+#include "toolkit/numbers.h"
 
 // A text field and the record's field that it edits. The label stands beside the text field; its caption names the
 // field in refusals, since it is what the author reads on the window.

@@ -1,15 +1,22 @@
 // The window system: the one main window, message boxes and modal forms.
 #pragma once
 
+#include <exception>
 #include <string>
+#include <utility>
 
 struct Form;
 struct Surface;
 
-// Thrown where a loop yields when the player quits or closes the window; only main catches it. Nothing is saved on the
-// way.
-struct EndProgram {
-    int status = 0;
+// Thrown where a loop yields when the player quits or closes the window, and where the game cannot go on; only main
+// catches it. Nothing is saved on the way.
+struct EndProgram : std::exception {
+    explicit EndProgram(int exitStatus = 0, std::string why = "the player has left the program")
+        : status(exitStatus), reason(std::move(why)) {}
+    const char* what() const noexcept override { return reason.c_str(); }
+
+    int status;
+    std::string reason;
 };
 
 // Builds the main window from `MainForm` and shows it. Called once, by Main, after Form_Load. Joysticks that are there

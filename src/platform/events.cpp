@@ -1,8 +1,7 @@
 #include "platform/events.h"
 
-#include "host/clock.h"
-#include "platform/input_state.h"
-#include "shell/main_form.h"
+#include "state/main_form.h"
+#include "toolkit/input_state.h"
 
 namespace {
 
@@ -10,7 +9,7 @@ EventTap eventTap = nullptr;
 
 void Deliver(const InputEvent& event) {
     if (event.kind == InputEvent::Kind::closeWindow) {
-        Form_Unload();
+        if (MainForm.Unload) MainForm.Unload();
     } else if (event.kind == InputEvent::Kind::menu) {
         if (MenuItem* item = FindMenuItem(event.item)) ClickMenu(*item);
     } else {
@@ -26,10 +25,6 @@ void SetEventTap(EventTap tap) {
 
 EventTap GetEventTap() {
     return eventTap;
-}
-
-void RunTimers() {
-    RunTimer(MainForm.Bgm_Check, timeGetTime());
 }
 
 void DoEvents() {

@@ -11,9 +11,6 @@
 // quits.
 void DoEvents();
 
-// Runs the timers that are due; DoEvents does, and so does a host that waits in a modal window.
-void RunTimers();
-
 // Sees the events of every yield before they take effect and may replace them: recording, replay, pilots. Null: none.
 using EventTap = void (*)(std::vector<InputEvent>& events);
 void SetEventTap(EventTap tap);

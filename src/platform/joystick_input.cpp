@@ -1,6 +1,6 @@
 #include "platform/joystick_input.h"
 
-#include "platform/input_state.h"
+#include "toolkit/input_state.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // The joystick as the game reads it. Directions use the code of keyboard_input.h.
 #pragma once
 
-#include "shell/state.h"
+#include "state/state.h"
 
 // Looks for joystick 0, then 1. Found: sets JoyUse, JoyId and the rest position, so the stick must be let go meanwhile.
 // Not found: JoyUse stays as it was. Fills JoyButtonMask in either case.

@@ -1,8 +1,8 @@
 // The arrow keys as a direction.
 #pragma once
 
-#include "platform/input_state.h"
-#include "shell/state.h"
+#include "state/state.h"
+#include "toolkit/input_state.h"
 
 // A key counts as pressed while it is down, and once after it was tapped.
 inline bool KeyPressed(int virtualKey) {

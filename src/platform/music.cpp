@@ -5,8 +5,8 @@
 #include <string>
 
 #include "host/audio.h"
-#include "platform/folder.h"
-#include "shell/main_form.h"
+#include "state/main_form.h"
+#include "toolkit/folder.h"
 
 namespace {
 

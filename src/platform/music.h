@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/state.h"
+#include "state/state.h"
 
 // Closes what is open and opens `fileName` of the program's folder, stopped at its start. Clears BgmLoop. A file that
 // is missing or cannot be played means silence.

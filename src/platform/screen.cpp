@@ -1,15 +1,14 @@
 #include "platform/screen.h"
 
-#include "platform/surface.h"
-#include "shell/main_form.h"
-#include "shell/state.h"
+#include "state/main_form.h"
+#include "state/state.h"
+#include "toolkit/surface.h"
 
 namespace {
 
 constexpr Long kBannerFirst = 20;
 constexpr Long kBannerLast = 100;
 constexpr Long kMessageCountEnd = 110;
-constexpr Integer kLastBannerStage = 5;  // digits on the sheet
 
 // Where a word goes on Crt and where it lies on MessagePic. Painted with OR.
 struct Word {
@@ -31,7 +30,7 @@ void Paint(const Word& word, int sourceOffset = 0) {
 }
 
 void PaintBanner() {
-    if (game.StageNo == 0) {
+    if (game.StageNo == kScoreAttackStage) {
         Paint(kAttackStageWord);
         Paint(kAttackTitle);
     } else if (game.StageNo >= 1 && game.StageNo <= kLastBannerStage) {

@@ -5,6 +5,9 @@
 // whole drawing area, so it also erases the last frame. Once per frame, before anything is drawn.
 void ScrollBackground();
 
+// The banner has digits for the stages 1 to this one.
+inline constexpr int kLastBannerStage = 5;
+
 // Counts MessageCount up to 110 and paints the stage banner (while it is 20..100), the game-over words or the
 // stage-clear words. Once per frame, after the energy gauge.
 void DrawMessages();

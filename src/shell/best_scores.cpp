@@ -1,14 +1,19 @@
 #include "shell/best_scores.h"
 
+#include <iterator>
+
 #include "host/window.h"
-#include "platform/folder.h"
-#include "shell/main_form.h"
-#include "shell/recording.h"
-#include "stage/byte_order.h"
+#include "stage/plays.h"
+#include "state/options.h"
+#include "toolkit/byte_order.h"
+#include "toolkit/folder.h"
 
 namespace {
 
 constexpr const char* kScoresFile = "\\Scores.DAT";
+constexpr Long ScoresType::*kScoresInFile[] = {&ScoresType::Easy, &ScoresType::Nomal, &ScoresType::Hard,
+                                               &ScoresType::ScoreAttack};
+static_assert(sizeof(Long) * std::size(kScoresInFile) == kScoresFileSize);
 bool saveFailureTold = false;
 
 void TellSaveFailure(const std::string& reason) {
@@ -21,11 +26,12 @@ void TellSaveFailure(const std::string& reason) {
 }  // namespace
 
 Long* BestScoreInForce() {
-    if (game.DigestMode == 4) return &game.Scores.ScoreAttack;
-    if (game.DigestMode != 0) return nullptr;
-    if (MainForm.MENU101.Checked) return &game.Scores.Easy;
-    if (MainForm.MENU102.Checked) return &game.Scores.Nomal;
-    if (MainForm.MENU103.Checked) return &game.Scores.Hard;
+    const Play* play = FindPlay(game.DigestMode);
+    if (!play) return nullptr;
+    if (play->best.own) return &(game.Scores.*play->best.own);
+    for (const auto& [level, item, best] : kDifficulties) {
+        if (play->best.ofDifficulty && (MainForm.*item).Checked) return &(game.Scores.*best);
+    }
     return nullptr;
 }
 
@@ -34,9 +40,7 @@ void LoadBestScores() {
     const FileBytes file = ReadFolderFile(kScoresFile);
     if (file.bytes.size() >= kScoresFileSize) {
         ByteReader in(file.bytes);
-        for (Long* field : {&game.Scores.Easy, &game.Scores.Nomal, &game.Scores.Hard, &game.Scores.ScoreAttack}) {
-            *field = in.Get<Long>();
-        }
+        for (auto score : kScoresInFile) game.Scores.*score = in.Get<Long>();
     } else if (file.error != FileError::missing) {
         LogLine("Scores.DAT: counts as zeros: " + (file.reason.empty() ? "shorter than 16 bytes" : file.reason));
     }
@@ -44,12 +48,10 @@ void LoadBestScores() {
 }
 
 void SaveBestScores() {
-    if (Replay().state != ReplayState::none) return;  // a replayed score is nobody's
+    if (!keepBestScores) return;
     if (Long* best = BestScoreInForce()) *best = game.HiScore;
     ByteWriter out;
-    for (const Long field : {game.Scores.Easy, game.Scores.Nomal, game.Scores.Hard, game.Scores.ScoreAttack}) {
-        out.Put(field);
-    }
+    for (auto score : kScoresInFile) out.Put(game.Scores.*score);
     const std::string reason = WriteFolderFile(kScoresFile, out.bytes);
     if (!reason.empty()) TellSaveFailure(reason);
 }

@@ -6,13 +6,14 @@
 #include "platform/events.h"
 #include "platform/keyboard_input.h"
 #include "platform/music.h"
-#include "platform/resources.h"
 #include "platform/screen.h"
-#include "platform/text.h"
-#include "shell/game_loop.h"
-#include "shell/main_form.h"
-#include "shell/state.h"
+#include "platform/waits.h"
 #include "stage/stars.h"
+#include "state/bitmaps.h"
+#include "state/main_form.h"
+#include "state/state.h"
+#include "toolkit/resources.h"
+#include "toolkit/text.h"
 
 namespace {
 
@@ -47,7 +48,6 @@ constexpr std::array kCredits = {
 constexpr Byte kLines = kCredits.size();
 static_assert(kLines == 25);
 
-constexpr int kBackgroundBitmap = 101;
 constexpr Long kFirstCount = -80;     // so that the first line comes after 110 frames
 constexpr Long kLineInterval = 30;    // frames
 constexpr Long kLogoCount = 200;      // frames after the last line

@@ -5,22 +5,25 @@
 #include "combat/explosions.h"
 #include "combat/my_shots.h"
 #include "combat/ship_hits.h"
-#include "host/clock.h"
 #include "platform/events.h"
 #include "platform/keyboard_input.h"
 #include "platform/screen.h"
+#include "platform/waits.h"
 #include "shell/ending.h"
-#include "shell/main_form.h"
-#include "shell/random.h"
 #include "shell/status.h"
 #include "stage/load_stage.h"
 #include "stage/player.h"
 #include "stage/stage_script.h"
 #include "stage/stars.h"
+#include "state/random.h"
 
 namespace {
 
-constexpr Long kFrameBudget = 38;  // ms
+void StartWithin() {
+    SkipToEntry(gameStart.entry);
+    game.MyPower = gameStart.energy;
+    game.ShotMode = gameStart.shotMode;
+}
 
 void SetUpGame() {
     game.QuitGame = False;
@@ -31,6 +34,7 @@ void SetUpGame() {
     game.AllClear = False;
     ScrollBackground();
     game.ShotMode = 0;
+    if (gameStart.entry > 0) StartWithin();
     DiscardKey(VK_X);
     DiscardKey(VK_Z);
     if (gameWatcher.Started) gameWatcher.Started(seed);
@@ -41,7 +45,8 @@ bool LeaveGame() {
     return game.QuitGame != False || escape;
 }
 
-// False when the game is left.
+}  // namespace
+
 bool PlayFrame() {
     game.FrameStart = ClockNow();
     StageScript();
@@ -66,33 +71,9 @@ bool PlayFrame() {
     return true;
 }
 
-}  // namespace
-
 void GameLoop() {
     SetUpGame();
     while (PlayFrame()) {
     }
     if (gameWatcher.Ended) gameWatcher.Ended();
-}
-
-Long ClockNow() {
-    return static_cast<Long>(timeGetTime());
-}
-
-Long ElapsedMs(Long start) {
-    return static_cast<Long>(timeGetTime() - static_cast<std::uint32_t>(start));
-}
-
-void WaitMs(Long ms) {
-    const Long start = ClockNow();
-    while (ElapsedMs(start) <= ms) {
-    }
-}
-
-void PaceFrame() {
-    game.FrameEnd = ClockNow();
-    game.FrameWork =
-        static_cast<Long>(static_cast<std::uint32_t>(game.FrameEnd) - static_cast<std::uint32_t>(game.FrameStart));
-    if (MainForm.Menu002.Checked && game.FrameWork < kFrameBudget) WaitMs(kFrameBudget - game.FrameWork);
-    game.FrameTime = ElapsedMs(game.FrameStart);
 }

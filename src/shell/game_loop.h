@@ -1,25 +1,25 @@
-// One game from its set-up to the moment the player leaves it, and the pacing of frames.
+// One game from its set-up to the moment the player leaves it.
 #pragma once
 
 #include <cstdint>
 
-#include "shell/state.h"
+#include "state/state.h"
+
+// Where a game starts. All but the usual start is for authors; recordings keep it.
+struct GameStart {
+    int entry = 0;       // of the first stage's appearance table
+    Single energy = 10;  // 0 < energy <= 10; only with an entry
+    Byte shotMode = 0;   // the same; 0 forward, 1 spread
+
+    bool operator==(const GameStart&) const = default;
+};
+inline GameStart gameStart;
 
 // Runs one game. Called by TitleScreen; returns when the game is left.
 void GameLoop();
 
-// Waits without yielding until more than `ms` milliseconds have passed: a wait of 38 lasts 39 clock steps. The game's
-// only way to wait.
-void WaitMs(Long ms);
-
-// At the end of every frame of the game and of the ending: measures the frame and, with "Wait" on, waits out its 38 ms.
-void PaceFrame();
-
-// Milliseconds since `start`, right across the wrap of the clock.
-Long ElapsedMs(Long start);
-
-// The clock as the state holds it.
-Long ClockNow();
+// One frame of a game that is set up. False when the game is left.
+bool PlayFrame();
 
 // Watchers of a game: recording, replay, simulation. They draw nothing and change nothing of the state.
 struct GameWatcher {

@@ -2,16 +2,21 @@
 
 #include "host/window.h"
 #include "platform/joystick_input.h"
-#include "shell/main_form.h"
-#include "shell/state.h"
 #include "shell/title_screen.h"
+#include "shell/window_design.h"
+#include "state/main_form.h"
+#include "state/state.h"
 
-void Main() {
+void StartProgram() {
     game.ScreenW = 320;
     game.ScreenH = 480;
     LoadMainForm();
     ShowMainForm();
     InitJoystick();
     if (game.JoyUse != False) MainForm.Menu008.Checked = true;
+}
+
+void Main() {
+    StartProgram();
     TitleScreen();
 }

@@ -2,10 +2,10 @@
 
 #include <cstdint>
 
-#include "platform/text.h"
-#include "shell/game_loop.h"
-#include "shell/main_form.h"
-#include "shell/state.h"
+#include "platform/waits.h"
+#include "state/main_form.h"
+#include "state/state.h"
+#include "toolkit/text.h"
 
 namespace {
 
@@ -19,9 +19,16 @@ std::string Padded(std::int64_t value, std::size_t digits) {
     return value < 0 ? "-" + text : text;
 }
 
+// Right across the wrap of the clock, and after days in which no game was played. 0: there is no figure yet.
+bool FigureStands() {
+    constexpr std::uint32_t kHour = 3600 * 1000;  // far more than FpsNext is ever ahead
+    const auto ahead = static_cast<std::uint32_t>(game.FpsNext) - static_cast<std::uint32_t>(game.FpsNow);
+    return game.FpsNext == 0 ? game.FpsNow == 0 : ahead <= kHour;
+}
+
 // The figure comes from the one frame before the update, not from an average.
 void UpdateFps() {
-    if (game.FpsNext >= game.FpsNow || game.FrameTime <= 0) {
+    if (FigureStands() || game.FrameTime <= 0) {
         game.FpsNow = ClockNow();
         return;
     }

@@ -5,18 +5,17 @@
 #include "platform/joystick_input.h"
 #include "platform/keyboard_input.h"
 #include "platform/music.h"
-#include "platform/resources.h"
 #include "platform/screen.h"
+#include "platform/waits.h"
 #include "shell/best_scores.h"
 #include "shell/game_loop.h"
-#include "shell/main_form.h"
-#include "shell/state.h"
+#include "state/bitmaps.h"
+#include "state/main_form.h"
+#include "state/state.h"
+#include "toolkit/resources.h"
 
 namespace {
 
-constexpr int kTitleBitmap = 102;
-constexpr int kBackgroundBitmap = 101;
-constexpr int kInformationBitmap = 103;
 constexpr Long kIdleTime = 6000;  // ms, of the title and of the information screen
 constexpr Long kGamePause = 500;
 constexpr Long kPollingStep = 10;

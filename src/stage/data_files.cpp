@@ -1,19 +1,16 @@
 #include "stage/data_files.h"
 
 #include "host/window.h"
-#include "platform/folder.h"
-#include "stage/byte_order.h"
+#include "stage/plays.h"
+#include "toolkit/byte_order.h"
+#include "toolkit/folder.h"
 
 namespace {
-
-std::string_view BareName(std::string_view name) {
-    return name.substr(name.starts_with('\\') ? 1 : 0);
-}
 
 // The file's bytes when it holds at least `size`; else `message` says what is wrong.
 std::vector<std::uint8_t> ReadTableFile(std::string_view name, std::size_t size, std::string& message) {
     FileBytes file = ReadFolderFile(name);
-    const std::string bare(BareName(name));
+    const std::string bare = BareName(name);
     if (file.error == FileError::missing) {
         message = bare + ": the file is missing from " + ProgramFolder();
     } else if (file.error != FileError::none) {
@@ -27,24 +24,25 @@ std::vector<std::uint8_t> ReadTableFile(std::string_view name, std::size_t size,
 
 std::string WriteTableFile(std::string_view name, std::span<const std::uint8_t> bytes) {
     const std::string reason = WriteFolderFile(name, bytes);
-    return reason.empty() ? "" : std::string(BareName(name)) + ": the file cannot be written: " + reason;
+    return reason.empty() ? "" : BareName(name) + ": the file cannot be written: " + reason;
 }
 
 }  // namespace
 
 std::string_view StageFileOf(Byte digestMode) {
-    switch (digestMode) {
-        case 0:
-            return "\\STAGE1.DAT";
-        case 2:
-            return "\\STAGE2.DAT";
-        case 3:
-            return "\\STAGE3.DAT";
-        case 4:
-            return "\\Attack.DAT";
-        default:
-            return {};
-    }
+    const Play* play = FindPlay(digestMode);
+    return play ? play->file : std::string_view();
+}
+
+std::vector<std::string_view> TableFiles() {
+    std::vector<std::string_view> files;
+    for (const Play& play : kPlays) files.push_back(play.file);
+    files.insert(files.end(), {kEnemyDataFile, kEneMoveFile});
+    return files;
+}
+
+std::string BareName(std::string_view name) {
+    return std::string(name.substr(name.starts_with('\\') ? 1 : 0));
 }
 
 std::string ReadStageData(std::string_view name) {
@@ -82,7 +80,7 @@ void EndOnError(const std::string& message) {
     if (message.empty()) return;
     LogLine(message);
     MsgBox(message, "Tarnveil");
-    throw EndProgram{1};
+    throw EndProgram{1, message};
 }
 
 std::vector<std::uint8_t> EncodeStageData(std::span<const StageDataType, kStageEntries> table) {

@@ -9,14 +9,19 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/state.h"
+#include "state/state.h"
 
 inline constexpr std::string_view kEnemyDataFile = "\\EnemyData.DAT";  // 50 kinds, 550 bytes
 inline constexpr std::string_view kEneMoveFile = "\\EneMove.DAT";      // 50 patterns of 256 steps, 128000 bytes
 
-// The appearance file (513 entries, 6669 bytes) of a play-start choice: 0 "\\STAGE1.DAT", 2 "\\STAGE2.DAT",
-// 3 "\\STAGE3.DAT", 4 "\\Attack.DAT"; empty for any other.
+// The appearance file (513 entries, 6669 bytes) of the play of that number; empty where there is no such play.
 std::string_view StageFileOf(Byte digestMode);
+
+// All tables: the appearance file of each play, then the two above.
+std::vector<std::string_view> TableFiles();
+
+// A file's name without the backslash that stands for the program's folder.
+std::string BareName(std::string_view name);
 
 // From the program's folder into `game`. Empty when done, else a message that names the file and the reason.
 std::string ReadStageData(std::string_view name);

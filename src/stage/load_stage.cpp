@@ -3,21 +3,19 @@
 #include <cmath>
 
 #include "host/window.h"
-#include "platform/folder.h"
 #include "platform/music.h"
-#include "platform/resources.h"
-#include "shell/main_form.h"
-#include "shell/random.h"
-#include "shell/state.h"
 #include "stage/data_files.h"
 #include "stage/faults.h"
+#include "state/bitmaps.h"
+#include "state/main_form.h"
+#include "state/options.h"
+#include "state/random.h"
+#include "state/state.h"
+#include "toolkit/folder.h"
+#include "toolkit/resources.h"
 
 namespace {
 
-constexpr int kBackgroundBitmap = 101;
-constexpr int kBomBitmap = 150;
-constexpr int kEnemyBitmap = 250;
-constexpr int kMessageBitmap = 300;
 constexpr int kEmptiedSize = 16;
 constexpr int kStageStarSpeeds = 11;   // 6..16
 constexpr int kAttackStarSpeeds = 19;  // 6..24
@@ -55,9 +53,9 @@ void BuildMyShipChr() {
 
 // The last one that is checked wins.
 void ReadDifficulty() {
-    if (MainForm.MENU101.Checked) game.Level = 1;
-    if (MainForm.MENU102.Checked) game.Level = 2;
-    if (MainForm.MENU103.Checked) game.Level = 5;
+    for (const auto& [level, item, best] : kDifficulties) {
+        if ((MainForm.*item).Checked) game.Level = level;
+    }
 }
 
 void ResetShip() {
@@ -104,31 +102,12 @@ void BuildStars(int speeds) {
     }
 }
 
-struct FirstStage {
-    Byte digestMode;
-    bool background;  // else plain black
-    Integer stageNo;
-    const char* music;
-};
-constexpr FirstStage kFirstStages[] = {
-    {0, true, 1, "Stage1.mid"},
-    {2, false, 2, "Stage2.Mid"},
-    {3, true, 3, "Stage3.Mid"},
-    {4, false, 0, "Atacck.Mid"},
-};
-
-void StartStage(const FirstStage& stage) {
-    if (stage.background) {
-        SetPicture(MainForm.B_Crt, LoadResPicture(kBackgroundBitmap));
-    } else {
-        RemovePicture(MainForm.B_Crt);
-    }
-    EndOnError(ReadStageData(StageFileOf(stage.digestMode)));
-    OpenMidi(stage.music);
-    game.StageNo = stage.stageNo;
-    if (stage.stageNo == 0) game.Level = 2;  // score attack ignores the difficulty
-    PlayMidi(True);
-    if (stage.stageNo == 0) BuildStars(kAttackStarSpeeds);
+void StartPlay(const Play& play) {
+    EnterStage(play);
+    game.StageNo = play.stageNo;
+    if (play.stageNo != kScoreAttackStage) return;
+    game.Level = kNomal;  // whatever is chosen
+    BuildStars(kAttackStarSpeeds);
 }
 
 }  // namespace
@@ -145,6 +124,17 @@ void StartShipAnew() {
     game.MyPower = 10.0F;
 }
 
+void EnterStage(const Play& play) {
+    if (play.background) {
+        SetPicture(MainForm.B_Crt, LoadResPicture(kBackgroundBitmap));
+    } else {
+        RemovePicture(MainForm.B_Crt);
+    }
+    EndOnError(ReadStageData(play.file));
+    OpenMidi(play.music);
+    PlayMidi(True);
+}
+
 void LoadStage() {
     ForgetFaults();
     LoadPictures();
@@ -159,7 +149,5 @@ void LoadStage() {
     BuildStars(kStageStarSpeeds);
     EndOnError(ReadEnemyData());
     EndOnError(ReadEneMove());
-    for (const FirstStage& stage : kFirstStages) {
-        if (stage.digestMode == game.DigestMode) StartStage(stage);
-    }
+    if (const Play* play = FindPlay(game.DigestMode)) StartPlay(*play);
 }

@@ -3,8 +3,8 @@
 #include "platform/joystick_input.h"
 #include "platform/keyboard_input.h"
 #include "platform/music.h"
-#include "shell/random.h"
-#include "shell/state.h"
+#include "state/random.h"
+#include "state/state.h"
 
 namespace {
 

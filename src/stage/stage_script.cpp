@@ -6,24 +6,17 @@
 #include "host/window.h"
 #include "platform/events.h"
 #include "platform/music.h"
-#include "platform/resources.h"
-#include "platform/rounding.h"
-#include "shell/game_loop.h"
-#include "shell/main_form.h"
-#include "shell/random.h"
-#include "stage/data_files.h"
+#include "platform/waits.h"
 #include "stage/faults.h"
 #include "stage/load_stage.h"
+#include "state/bitmaps.h"
+#include "state/main_form.h"
+#include "state/random.h"
+#include "toolkit/resources.h"
+#include "toolkit/rounding.h"
 
 namespace {
 
-constexpr int kBackgroundBitmap = 101;
-constexpr int kBoss1Bitmap = 200;
-constexpr int kBoss2Bitmap = 201;
-constexpr int kLastBossBitmap = 202;
-constexpr Byte kBoss1 = 37;
-constexpr Byte kBoss2 = 38;
-constexpr Byte kLastBoss = 39;
 constexpr Long kStagePause = 1000;    // ms
 constexpr double kEnergyBonus = 500;  // points per unit of energy
 
@@ -49,24 +42,11 @@ void ClearStage() {
     ++game.StageIndex;
 }
 
-void LoadNextStage(bool background, Byte digestMode, const char* music) {
-    if (background) {
-        SetPicture(MainForm.B_Crt, LoadResPicture(kBackgroundBitmap));
-    } else {
-        RemovePicture(MainForm.B_Crt);
-    }
-    EndOnError(ReadStageData(StageFileOf(digestMode)));
-    OpenMidi(music);
-    PlayMidi(True);
-}
-
 void EnterNextStage() {
-    if (game.DigestMode != 0) {
+    if (game.DigestMode != kNormalPlay) {
         game.QuitGame = True;
-    } else if (game.StageNo == 2) {
-        LoadNextStage(false, 2, "Stage2.Mid");
-    } else if (game.StageNo == 3) {
-        LoadNextStage(true, 3, "Stage3.Mid");
+    } else if (const Play* next = FindStage(game.StageNo)) {
+        EnterStage(*next);
     } else {
         game.AllClear = True;
     }
@@ -102,12 +82,12 @@ void WaitForBoss(bool stopMusic) {
 }
 
 void EnterBoss() {
+    const Play* stage = FindStage(game.StageNo);
     if (game.GameOver == 0) {
-        OpenMidi(game.StageNo == 3 ? "boss02.mid" : "boss.mid");
+        OpenMidi(stage ? stage->bossMusic : "boss.mid");
         PlayMidi(True);
     }
-    if (game.StageNo == 1 || game.StageNo == 3) SetPicture(MainForm.BossPic, LoadResPicture(kBoss1Bitmap));
-    if (game.StageNo == 2) SetPicture(MainForm.BossPic, LoadResPicture(kBoss2Bitmap));
+    if (stage && stage->bossBitmap != 0) SetPicture(MainForm.BossPic, LoadResPicture(stage->bossBitmap));
     ++game.StageIndex;
     game.StageTimer = 0;
 }
@@ -171,12 +151,12 @@ void BringInLastBoss() {
 
 void BringInBoss(EnemyType& enemy, const StageDataType& entry) {
     const auto toughen = [&](int times) { enemy.HP = static_cast<Single>(times * entry.Power); };
-    if (enemy.Kind == kBoss1) {
+    if (enemy.Kind == kFirstBoss) {
         toughen(2);
-        SetPicture(MainForm.BossPic, LoadResPicture(kBoss1Bitmap));
-    } else if (enemy.Kind == kBoss2) {
+        SetPicture(MainForm.BossPic, LoadResPicture(kFirstBossBitmap));
+    } else if (enemy.Kind == kSecondBoss) {
         toughen(2);
-        SetPicture(MainForm.BossPic, LoadResPicture(kBoss2Bitmap));
+        SetPicture(MainForm.BossPic, LoadResPicture(kSecondBossBitmap));
     } else if (enemy.Kind == kLastBoss) {
         BringInLastBoss();
         toughen(3);
@@ -239,6 +219,17 @@ bool PlayEntry() {
     return PerformCommand(game.StageData[game.StageIndex]) == Then::takeEntry && TakeEntry();
 }
 
+// What the entry would have left behind, were it and all it sent in over.
+void PassOver(const StageDataType& entry) {
+    if (entry.No == kBossEntry) EnterBoss();
+    if (entry.No == kBossWaitStop) StopMidi();
+    if (entry.No == kBossWaitStop || entry.No == kBossWait) game.BossDefeated = False;
+    if (entry.No < kFirstBoss || entry.No >= kFirstCommand) return;
+    EnemyType boss{.Kind = static_cast<Byte>(entry.No)};
+    BringInBoss(boss, entry);
+    game.BossDefeated = True;
+}
+
 }  // namespace
 
 void StageScript() {
@@ -247,4 +238,11 @@ void StageScript() {
         if (!PlayEntry()) return;
     }
     ReportFault(Fault::endlessTable, EntryName(game.StageIndex));
+}
+
+void SkipToEntry(int entry) {
+    if (entry < 0 || entry >= kStageEntries) entry = 0;
+    for (int i = 0; i < entry; ++i) PassOver(game.StageData[i]);
+    game.StageIndex = static_cast<Integer>(entry);
+    game.StageTimer = 0;
 }

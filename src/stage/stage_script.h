@@ -1,7 +1,7 @@
 // The playback of an appearance table: the only source of enemies, and the way from stage to stage.
 #pragma once
 
-#include "shell/state.h"
+#include "state/state.h"
 
 // Values of an entry's No that are commands. The others up to 256 are passed over; 0..238 send in an enemy of that
 // kind. Only enemies and passed-over entries wait for their Counter.
@@ -24,6 +24,11 @@ inline constexpr Single kRandomX = 700.0F;
 // game; a table that runs past its last entry stays there. A kind above 49 or a No below 0 is passed over.
 // An entry reached by a jump (248, 255, 256) is taken as a spawn or pass entry even if it is a command.
 void StageScript();
+
+// Puts the script where it waits for `entry` (0..512), as if all entries before it had just been taken and what they
+// sent in had left: boss music and pictures as the last command and boss before it leave them, a boss that is waited
+// for beaten. Jumps are not followed. Called between LoadStage and the first frame; an entry outside the table is 0.
+void SkipToEntry(int entry);
 
 // Watches the script for reports on a stage; changes nothing.
 struct StageWatcher {

@@ -1,9 +1,9 @@
 #include "stage/stars.h"
 
-#include "platform/surface.h"
-#include "shell/main_form.h"
-#include "shell/random.h"
-#include "shell/state.h"
+#include "state/main_form.h"
+#include "state/random.h"
+#include "state/state.h"
+#include "toolkit/surface.h"
 
 namespace {
 

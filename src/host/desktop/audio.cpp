@@ -46,7 +46,7 @@ Audio* audio = nullptr;
 // Peaks are bent towards the music's share instead of being cut off; below the knee, where music is nearly all the
 // time, nothing changes.
 float BendPeak(float level) {
-    constexpr float kKnee = 0.36F;
+    constexpr float kKnee = kMusicPeak * 0.73F;
     constexpr float kRoom = kMusicPeak - kKnee;
     const float over = std::abs(level) - kKnee;
     return over <= 0 ? level : std::copysign(kKnee + kRoom * (1.0F - std::exp(-over / kRoom)), level);

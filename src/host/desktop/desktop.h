@@ -21,6 +21,8 @@ struct Host {
     QApplication application;
     std::vector<InputEvent> events;  // since the last yield, in the order they came
     Joysticks joysticks;
+    Showing showing;                     // how the main window comes up
+    bool pauseWhenLeft = true;           // a game pauses when the program loses the keyboard
     std::unique_ptr<MainWindow> window;  // from ShowMainForm on
     FormWindow* form = nullptr;          // the form that is shown on top, or null
 };

@@ -7,11 +7,11 @@
 
 #include "host/desktop/loudness.h"
 #include "host/files.h"
+#include "toolkit/byte_order.h"
 
 namespace {
 
 constexpr int kVoice = 0;
-constexpr int kVolume = 85;  // of 128; keeps the balance with the music that the waves are made for
 
 constexpr std::size_t kLargestWave =
     2u << 20;                           // bytes; larger or longer ones would hold up the frame they are decoded in
@@ -29,8 +29,20 @@ bool HasTag(std::span<const std::uint8_t> wave, std::size_t at, std::string_view
            std::equal(tag.begin(), tag.end(), wave.begin() + static_cast<std::ptrdiff_t>(at));
 }
 
+// Whether every chunk's size can be believed: SDL takes memory for what a file claims to hold before it reads it.
+bool ClaimsLittle(std::span<const std::uint8_t> wave) {
+    constexpr std::size_t kFirstChunk = 12, kChunkHead = 8;
+    std::size_t at = kFirstChunk;
+    while (at + kChunkHead <= wave.size()) {
+        const std::size_t size = ByteReader(wave.subspan(at + 4)).Get<std::uint32_t>();
+        if (size > kLargestWave) return false;
+        at += kChunkHead + size + size % 2;
+    }
+    return true;
+}
+
 bool LooksLikeWave(std::span<const std::uint8_t> wave) {
-    return wave.size() <= kLargestWave && HasTag(wave, 0, "RIFF") && HasTag(wave, 8, "WAVE");
+    return wave.size() <= kLargestWave && HasTag(wave, 0, "RIFF") && HasTag(wave, 8, "WAVE") && ClaimsLittle(wave);
 }
 
 // 0..1. The device's format is 16-bit, and so is a chunk's.
@@ -46,7 +58,7 @@ float PeakOf(const Mix_Chunk& chunk) {
 void SetVolume(Mix_Chunk& chunk) {
     const float peak = PeakOf(chunk);
     const float loudest = peak > 0 ? kEffectPeak / peak : 1.0F;
-    Mix_VolumeChunk(&chunk, std::min(kVolume, static_cast<int>(loudest * MIX_MAX_VOLUME)));
+    Mix_VolumeChunk(&chunk, std::min(MIX_MAX_VOLUME, static_cast<int>(loudest * MIX_MAX_VOLUME)));
 }
 
 // Whether the mixer can be trusted with it: a wave that claims one sample per second would be stretched to hours.

@@ -65,6 +65,19 @@ QWidget* MakeLabel(const Control& control, QWidget* parent) {
     return label;
 }
 
+// Shows its text's beginning also when it is entered by Tab, which selects everything: the cursor stands in front.
+class FormField final : public QLineEdit {
+  public:
+    using QLineEdit::QLineEdit;
+
+  protected:
+    void focusInEvent(QFocusEvent* event) override {
+        QLineEdit::focusInEvent(event);
+        const int length = static_cast<int>(text().size());
+        if (length > 0 && selectedText().size() == length) setSelection(length, -length);
+    }
+};
+
 QWidget* MakeButton(QWidget* parent) {
     auto* button = new QPushButton(parent);
     button->setAutoDefault(false);  // Enter presses the focused button only
@@ -82,7 +95,7 @@ QWidget* MakeBare(const Control& control, QWidget* parent) {
         case ControlKind::label:
             return MakeLabel(control, parent);
         case ControlKind::textField:
-            return new QLineEdit(parent);
+            return new FormField(parent);
         case ControlKind::button:
             return MakeButton(parent);
         case ControlKind::hScroll:
@@ -106,13 +119,6 @@ FormScrollBar::FormScrollBar(const Control& control, QWidget* parent)
     setTracking(false);
     setFocusPolicy(Qt::StrongFocus);
     setContextMenuPolicy(Qt::NoContextMenu);
-}
-
-void FormScrollBar::LetGo() {
-    const QPointF outside(-1, -1);
-    QMouseEvent release(QEvent::MouseButtonRelease, outside, mapToGlobal(outside), Qt::LeftButton, Qt::NoButton,
-                        Qt::NoModifier);
-    QApplication::sendEvent(this, &release);
 }
 
 void FormScrollBar::keyPressEvent(QKeyEvent* event) {
@@ -151,6 +157,13 @@ void FormScrollBar::focusOutEvent(QFocusEvent* event) {
     update();
 }
 
+void LetGo(QScrollBar& bar) {
+    const QPointF outside(-1, -1);
+    QMouseEvent release(QEvent::MouseButtonRelease, outside, bar.mapToGlobal(outside), Qt::LeftButton, Qt::NoButton,
+                        Qt::NoModifier);
+    QApplication::sendEvent(&bar, &release);
+}
+
 QWidget* MakeWidget(const Control& control, QWidget* parent) {
     QWidget* widget = MakeBare(control, parent);
     constexpr int kLineWidth = 1;  // a line's place may have no height
@@ -168,7 +181,9 @@ void SyncWidget(QWidget& widget, const Control& control) {
         SyncLabel(*label, control);
     } else if (auto* field = qobject_cast<QLineEdit*>(&widget)) {
         const QString text = QString::fromStdString(control.Text);
-        if (field->text() != text) field->setText(text);
+        if (field->text() == text) return;
+        field->setText(text);
+        field->setCursorPosition(0);  // a long number shows its sign and first digits
     } else if (auto* button = qobject_cast<QPushButton*>(&widget)) {
         button->setText(QString::fromStdString(control.Caption));
     } else if (auto* bar = qobject_cast<QScrollBar*>(&widget)) {

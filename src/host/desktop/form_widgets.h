@@ -4,18 +4,14 @@
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QWidget>
 
-#include "platform/forms.h"
+#include "toolkit/forms.h"
 
 namespace desktop {
 
-// A scroll bar that shows that it has the keyboard and that can be made to let go of the mouse. It reports a drag of
-// its box once, when the box is dropped.
+// A scroll bar that shows that it has the keyboard. It reports a drag of its box once, when the box is dropped.
 class FormScrollBar final : public QScrollBar {
   public:
     FormScrollBar(const Control& control, QWidget* parent);
-
-    // Ends a press whose release another window will get.
-    void LetGo();
 
   protected:
     // Left and Up go back, Right and Down go on, whichever way the bar lies. Qt's own keys differ from bar to bar.
@@ -24,6 +20,9 @@ class FormScrollBar final : public QScrollBar {
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 };
+
+// Ends a press on the bar whose release another window will get.
+void LetGo(QScrollBar& bar);
 
 // The widget of `control`, child of `parent` (the form or its frame), without any connections yet.
 QWidget* MakeWidget(const Control& control, QWidget* parent);

@@ -150,7 +150,7 @@ bool FormWindow::event(QEvent* event) {
 }
 
 void FormWindow::LetGoOfScrollBars() {
-    for (FormScrollBar* bar : findChildren<FormScrollBar*>()) bar->LetGo();
+    for (QScrollBar* bar : findChildren<QScrollBar*>()) LetGo(*bar);
 }
 
 }  // namespace desktop

@@ -7,7 +7,7 @@
 #include <map>
 #include <string>
 
-#include "platform/forms.h"
+#include "toolkit/forms.h"
 
 namespace desktop {
 

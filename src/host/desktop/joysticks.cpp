@@ -38,6 +38,18 @@ std::uint32_t PadOrStick(HatBits pad, HatBits low, HatBits high, std::uint32_t s
     return stick;
 }
 
+bool IsPlayStation(SDL_GameControllerType type) {
+    return type == SDL_CONTROLLER_TYPE_PS3 || type == SDL_CONTROLLER_TYPE_PS4 || type == SDL_CONTROLLER_TYPE_PS5;
+}
+
+// As it stands on the pad; the four buttons under the right thumb have signs of their own on some.
+std::string NameOf(SDL_GameControllerButton button, SDL_GameControllerType type) {
+    constexpr const char* kSigns[] = {"Cross", "Circle", "Square", "Triangle"};
+    constexpr const char* kLetters[] = {"A", "B", "X", "Y"};
+    if (button <= SDL_CONTROLLER_BUTTON_Y) return (IsPlayStation(type) ? kSigns : kLetters)[button];
+    return SDL_GameControllerGetStringForButton(button);
+}
+
 }  // namespace
 
 class JoystickDevice {
@@ -59,6 +71,27 @@ class JoystickDevice {
         return reading;
     }
 
+    std::uint32_t Buttons() const {
+        constexpr int kWordBits = 32;
+        std::uint32_t word = 0;
+        const int count = std::min(SDL_JoystickNumButtons(joystick_.get()), kWordBits);
+        for (int button = 0; button < count; ++button) {
+            if (SDL_JoystickGetButton(joystick_.get(), button)) word |= 1u << button;
+        }
+        return word;
+    }
+
+    // What is written on button `number`, counted from 1.
+    std::string ButtonName(int number) const {
+        for (int each = 0; controller_ && each < SDL_CONTROLLER_BUTTON_MAX; ++each) {
+            const auto button = static_cast<SDL_GameControllerButton>(each);
+            const auto bind = SDL_GameControllerGetBindForButton(controller_.get(), button);
+            if (bind.bindType != SDL_CONTROLLER_BINDTYPE_BUTTON || bind.value.button != number - 1) continue;
+            return NameOf(button, SDL_GameControllerGetType(controller_.get()));
+        }
+        return "button " + std::to_string(number);
+    }
+
   private:
     // A device without that axis reads as at rest.
     std::uint32_t Axis(int axis) const { return CalibratedAxis(SDL_JoystickGetAxis(joystick_.get(), axis)); }
@@ -69,16 +102,6 @@ class JoystickDevice {
             if (controller_ && SDL_GameControllerGetButton(controller_.get(), each.button)) pad |= each.way;
         }
         return pad;
-    }
-
-    std::uint32_t Buttons() const {
-        constexpr int kWordBits = 32;
-        std::uint32_t word = 0;
-        const int count = std::min(SDL_JoystickNumButtons(joystick_.get()), kWordBits);
-        for (int button = 0; button < count; ++button) {
-            if (SDL_JoystickGetButton(joystick_.get(), button)) word |= 1u << button;
-        }
-        return word;
     }
 
     std::unique_ptr<SDL_Joystick, CloseJoystick> joystick_;
@@ -128,6 +151,23 @@ void Joysticks::Report(int id, Slot& slot, std::vector<InputEvent>& events) {
     if (slot.reported == reading) return;
     slot.reported = reading;
     events.push_back(reading);
+}
+
+std::uint32_t Joysticks::PressedButtons() const {
+    if (working_) SDL_JoystickUpdate();
+    std::uint32_t pressed = 0;
+    for (const Slot& slot : slots_) {
+        if (slot.device) pressed |= slot.device->Buttons();
+    }
+    return pressed;
+}
+
+std::string Joysticks::ButtonHelp() const {
+    constexpr int kChange = 1, kFire = 2;  // the game's button numbers
+    const auto slot = std::ranges::find_if(slots_, [](const Slot& each) { return each.device != nullptr; });
+    if (slot == slots_.end()) return "";
+    return "Pad: " + slot->device->ButtonName(kFire) + " fires, " + slot->device->ButtonName(kChange) +
+           " changes the shot";
 }
 
 void Joysticks::Poll(std::vector<InputEvent>& events) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "host/events.h"
@@ -22,6 +23,11 @@ class Joysticks {
     // Opens devices that have come into the free slots, and appends an event for every slot whose reading has changed
     // and for every device that is gone.
     void Poll(std::vector<InputEvent>& events);
+
+    // For the pause: which buttons are down on any device, and what those of the first one do ("" without a device).
+    // Reports nothing.
+    std::uint32_t PressedButtons() const;
+    std::string ButtonHelp() const;
 
   private:
     static constexpr int kSlots = 2;  // what the game looks for: joystick 0, else joystick 1

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "platform/input_state.h"
+#include "toolkit/input_state.h"
 
 namespace desktop {
 
@@ -72,24 +72,57 @@ bool Keyboard::IsDown(int code) const {
     return std::any_of(codes_.begin(), codes_.end(), [code](const auto& held) { return held.second == code; });
 }
 
+std::set<int> Keyboard::Down() const {
+    std::set<int> down;
+    for (const auto& [place, code] : codes_) {
+        if (code != 0) down.insert(code);
+    }
+    return down;
+}
+
 void Keyboard::Press(const NativeKey& key, std::vector<InputEvent>& events) {
     const int code = VirtualKeyOf(key);
-    if (code == 0) return;
+    if (code == 0 || codes_.contains(PlaceOf(key))) return;
     if (!IsDown(code)) events.push_back({InputEvent::Kind::keyDown, code});
     codes_[PlaceOf(key)] = code;
 }
 
+Keyboard::Codes::iterator Keyboard::LetGo(Codes::iterator held, std::vector<InputEvent>& events) {
+    const int code = held->second;
+    const auto next = codes_.erase(held);
+    if (code != 0 && !IsDown(code)) events.push_back({InputEvent::Kind::keyUp, code});
+    return next;
+}
+
 void Keyboard::Release(const NativeKey& key, std::vector<InputEvent>& events) {
     const auto held = codes_.find(PlaceOf(key));
-    if (held == codes_.end()) return;
-    const int code = held->second;
-    codes_.erase(held);
-    if (!IsDown(code)) events.push_back({InputEvent::Kind::keyUp, code});
+    if (held != codes_.end() && held->second != 0) LetGo(held, events);
 }
 
 void Keyboard::ReleaseAll(std::vector<InputEvent>& events) {
     codes_.clear();
     events.push_back({InputEvent::Kind::allKeysUp});
+}
+
+void Keyboard::Resume(const std::vector<NativeKey>& down, std::vector<InputEvent>& events) {
+    for (const NativeKey& key : down) {
+        if (EndsOrStarts(VirtualKeyOf(key))) {
+            codes_[PlaceOf(key)] = 0;
+        } else {
+            Press(key, events);
+        }
+    }
+}
+
+void Keyboard::KeepOnly(const std::vector<std::uint32_t>& places, std::vector<InputEvent>& events) {
+    for (auto held = codes_.begin(); held != codes_.end();) {
+        const bool down = std::find(places.begin(), places.end(), held->first) != places.end();
+        held = down ? std::next(held) : LetGo(held, events);
+    }
+}
+
+bool EndsOrStarts(int code) {
+    return code == VK_ESCAPE || code == VK_SPACE;
 }
 
 }  // namespace desktop

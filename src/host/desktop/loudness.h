@@ -2,5 +2,6 @@
 // scale, whatever the piece and whatever the wave, and the sum always fits.
 #pragma once
 
-constexpr float kMusicPeak = 0.49F;
-constexpr float kEffectPeak = 0.50F;
+// The effects have the larger one: as they are made, they are then about 6 dB louder than the music.
+constexpr float kMusicPeak = 0.26F;
+constexpr float kEffectPeak = 0.73F;

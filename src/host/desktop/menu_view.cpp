@@ -3,7 +3,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenu>
 
-#include "shell/main_form.h"
+#include "state/main_form.h"
 
 namespace desktop {
 
@@ -37,7 +37,11 @@ MenuView::MenuView(QMenuBar& bar, std::vector<InputEvent>& events) : bar_(bar), 
 QMenu* MenuView::AddPopup(const MenuItem& item) {
     QMenu* popup = bar_.addMenu(QString());
     rows_.push_back({&item, popup->menuAction()});
-    QObject::connect(popup, &QMenu::aboutToShow, popup, [this] { Sync(); });
+    QObject::connect(popup, &QMenu::aboutToShow, popup, [this] {
+        popupClosed_ = false;
+        Sync();
+    });
+    QObject::connect(popup, &QMenu::aboutToHide, popup, [this] { popupClosed_ = true; });
     return popup;
 }
 
@@ -57,7 +61,8 @@ void MenuView::Sync() {
 }
 
 bool MenuView::IsOpen() const {
-    return QApplication::activePopupWidget() != nullptr || bar_.hasFocus();
+    const bool marked = bar_.hasFocus() && bar_.activeAction();  // the mouse marks items too, without the keyboard
+    return QApplication::activePopupWidget() || (marked && !popupClosed_);
 }
 
 QAction* MenuView::ActionOf(std::string_view name) const {

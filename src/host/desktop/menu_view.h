@@ -19,8 +19,11 @@ class MenuView {
     // Captions, check marks and availability as the model has them now.
     void Sync();
 
-    // A popup is open, or the keyboard is in the menu bar.
+    // A popup is open, or the keyboard has marked an item of the bar. A popup that closes takes the mark with it.
     bool IsOpen() const;
+
+    // Called when no menu is open: from here on the keyboard may mark items again.
+    void Leave() { popupClosed_ = false; }
 
     // The action that shows the item of that name, or null.
     QAction* ActionOf(std::string_view name) const;
@@ -36,6 +39,7 @@ class MenuView {
     QMenuBar& bar_;
     std::vector<InputEvent>& events_;
     std::vector<Row> rows_;
+    bool popupClosed_ = false;  // and no other has opened since
 };
 
 }  // namespace desktop

@@ -2,14 +2,14 @@
 
 #include <unistd.h>
 
+#include <QtCore/QCryptographicHash>
 #include <algorithm>
-#include <array>
-#include <cerrno>
 #include <cstdlib>
-#include <cstring>
+#include <sstream>
 #include <system_error>
 
 #include "host/files.h"
+#include "toolkit/resources.h"
 
 namespace desktop {
 
@@ -17,34 +17,24 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::array kTables = {"STAGE1.DAT", "STAGE2.DAT", "STAGE3.DAT", "Attack.DAT", "EnemyData.DAT", "EneMove.DAT"};
+constexpr const char* kVersionList = "shipped_versions.txt";  // lines of sha256sum: digest and name
 
-// Gives a finished file its name unless something of that name has come meanwhile. Empty when done.
-std::string NameIfFree(const fs::path& finished, const fs::path& name) {
-    if (link(finished.c_str(), name.c_str()) == 0 || errno == EEXIST) return {};
-    std::error_code error;  // file systems without hard links
-    if (!fs::exists(name, error)) fs::rename(finished, name, error);
-    return error ? error.message() : std::string();
+std::string DigestOf(const std::vector<std::uint8_t>& content) {
+    const QByteArrayView bytes(reinterpret_cast<const char*>(content.data()), std::ssize(content));
+    return QCryptographicHash::hash(bytes.toByteArray(), QCryptographicHash::Sha256).toHex().toStdString();
 }
 
-std::string CopyIfMissing(const fs::path& from, const fs::path& to) {
+// A link is somebody's own arrangement, whatever it leads to.
+bool IsPlainFile(const fs::path& path) {
     std::error_code error;
-    if (fs::exists(fs::symlink_status(to, error))) return {};
-    const FileBytes content = ReadWholeFile(from.string());
-    if (content.error != FileError::none) return content.reason;
-    fs::path finished = to;
-    finished.concat(".").concat(std::to_string(getpid())).concat(".copy");
-    std::string reason = WriteFileKeepingTail(finished.string(), content.bytes);
-    if (reason.empty()) reason = NameIfFree(finished, to);
-    fs::remove(finished, error);
-    return reason;
+    return fs::is_regular_file(fs::symlink_status(path, error));
 }
 
 }  // namespace
 
-bool HoldsOwnTables(const fs::path& folder) {
-    return std::all_of(kTables.begin(), kTables.end(),
-                       [&](const char* name) {
+bool HoldsOwnTables(const fs::path& folder, std::span<const std::string> tables) {
+    return std::all_of(tables.begin(), tables.end(),
+                       [&](const std::string& name) {
                            std::error_code error;
                            return fs::is_regular_file(folder / name, error);
                        }) &&
@@ -59,20 +49,16 @@ fs::path FirstFolder(const std::vector<fs::path>& candidates) {
     return {};
 }
 
-std::vector<std::string> FillFolder(const fs::path& folder, const fs::path& data) {
-    std::vector<std::string> problems;
-    std::error_code error;
-    fs::create_directories(folder, error);
-    if (error) return {folder.string() + ": " + error.message()};
-    for (fs::directory_iterator entry(data, error), end; !error && entry != end; entry.increment(error)) {
-        std::error_code notRegular;
-        if (!entry->is_regular_file(notRegular)) continue;
-        const fs::path to = folder / entry->path().filename();
-        const std::string reason = CopyIfMissing(entry->path(), to);
-        if (!reason.empty()) problems.push_back(to.string() + ": " + reason);
+void RemoveShippedCopies(const fs::path& userFolder) {
+    const auto list = BuiltInFile(kVersionList);
+    std::istringstream lines(std::string(list.begin(), list.end()));
+    for (std::string digest, name; lines >> digest >> name;) {
+        const fs::path path = userFolder / name;
+        if (!IsPlainFile(path) || DigestOf(ReadWholeFile(path.string()).bytes) != digest) continue;
+        std::error_code error;
+        fs::remove(path, error);
+        if (error) LogLine(path.string() + ": hides the shipped file: " + error.message());
     }
-    if (error) problems.push_back(data.string() + ": " + error.message());
-    return problems;
 }
 
 std::vector<fs::path> DataCandidates(const fs::path& executableFolder) {
@@ -81,15 +67,15 @@ std::vector<fs::path> DataCandidates(const fs::path& executableFolder) {
             fs::path(TARNVEIL_SOURCE_DATA)};
 }
 
-fs::path ChooseFolder(const fs::path& executableFolder, const fs::path& userFolder) {
-    if (HoldsOwnTables(executableFolder)) return executableFolder;
+Folders ChooseFolders(const fs::path& executableFolder, const fs::path& userFolder,
+                      std::span<const std::string> tables) {
+    if (HoldsOwnTables(executableFolder, tables)) return {executableFolder, {}};
     const fs::path data = FirstFolder(DataCandidates(executableFolder));
-    if (data.empty()) {
-        LogLine("the installed data is not found; " + userFolder.string() + " is used as it is");
-        return userFolder;
-    }
-    for (const std::string& problem : FillFolder(userFolder, data)) LogLine(problem);
-    return userFolder;
+    if (data.empty()) LogLine("the installed data is not found; " + userFolder.string() + " is used as it is");
+    std::error_code error;
+    if (data.empty() || fs::equivalent(data, userFolder, error)) return {userFolder, {}};
+    RemoveShippedCopies(userFolder);
+    return {userFolder, data};
 }
 
 }  // namespace desktop

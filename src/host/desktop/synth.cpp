@@ -6,7 +6,7 @@
 namespace {
 
 constexpr int kVoices = 48;          // the busiest moments lose their oldest, quietest notes; bounds the processor time
-constexpr double kGain = 0.45;       // busy passages then peak near the music's share
+constexpr double kGain = 0.21;       // busy passages then peak near the music's share
 constexpr int kFadesPerSecond = 60;  // a fade lasts the 60th part of a second
 constexpr int kAllChannels = -1;
 constexpr int kChannels = 16;

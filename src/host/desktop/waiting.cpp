@@ -3,7 +3,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QTimer>
 
-#include "platform/events.h"
+#include "state/main_form.h"
 
 namespace desktop {
 

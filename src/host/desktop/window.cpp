@@ -11,10 +11,10 @@
 #include "host/desktop/form_window.h"
 #include "host/desktop/placing.h"
 #include "host/desktop/waiting.h"
-#include "platform/forms.h"
-#include "platform/input_state.h"
-#include "platform/surface.h"
-#include "shell/main_form.h"
+#include "state/main_form.h"
+#include "toolkit/forms.h"
+#include "toolkit/input_state.h"
+#include "toolkit/surface.h"
 
 using desktop::TheHost;
 
@@ -55,31 +55,49 @@ QWidget* TopWindow() {
     return TheHost().form ? static_cast<QWidget*>(TheHost().form) : TheHost().window.get();
 }
 
+// Without a window manager nobody else gives the keyboard back to the window below.
+void CloseAndGoBack(QWidget& window) {
+    window.hide();
+    if (QWidget* below = window.parentWidget()) below->activateWindow();
+}
+
 bool ClosingIsAsked() {
     const auto& events = TheHost().events;
     return !events.empty() && events.back().kind == InputEvent::Kind::closeWindow;
 }
 
+// Stands still while a menu is open. The bar never keeps the keyboard afterwards: nothing would show where it is.
+void WaitForMenus(desktop::MainWindow& window) {
+    while (window.Menus().IsOpen() && !ClosingIsAsked()) desktop::StandStill();
+    window.Menus().Leave();
+    if (window.isActiveWindow()) window.View().setFocus();
+}
+
 }  // namespace
 
 void ShowMainForm() {
-    TheHost().window = std::make_unique<desktop::MainWindow>(TheHost().events);
+    TheHost().window = std::make_unique<desktop::MainWindow>(TheHost().events, TheHost().showing);
+    TheHost().window->Pausing().SetWhenLeft(TheHost().pauseWhenLeft);
     TheHost().window->ShowOnScreen();
     TakeFirstJoystickReadings();
 }
 
 void ShowNow(const Surface& surface) {
     if (!surface.Visible) return;
-    TheHost().window->View().Show(surface);
+    TheHost().window->View().Show();
     std::this_thread::sleep_for(OneRefresh());
 }
 
 void PumpHost(std::vector<InputEvent>& events) {
     desktop::Host& host = TheHost();
     host.window->Menus().Sync();
-    host.window->View().Show(MainForm.Crt);
+    host.window->View().Show();
     desktop::TakeWindowEvents();
-    while (host.window->Menus().IsOpen() && !ClosingIsAsked()) desktop::StandStill();
+    WaitForMenus(*host.window);
+    host.window->Tidy();
+    host.window->Pausing().Hold(host.joysticks);
+    while (host.window->isMinimized() && !ClosingIsAsked()) desktop::StandStill();
+    host.window->View().LetGoOfLostKeys();
     host.joysticks.Poll(host.events);
     events.insert(events.end(), host.events.begin(), host.events.end());
     host.events.clear();
@@ -93,6 +111,7 @@ void ShowModal(Form& form) {
         desktop::StandStill();
         window.Run();
     }
+    CloseAndGoBack(window);
 }
 
 void MsgBox(const std::string& text, const std::string& caption) {
@@ -103,4 +122,5 @@ void MsgBox(const std::string& text, const std::string& caption) {
     box.setModal(true);
     box.show();
     while (box.isVisible()) desktop::StandStill();
+    CloseAndGoBack(box);
 }

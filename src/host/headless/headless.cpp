@@ -4,8 +4,8 @@
 #include "host/clock.h"
 #include "host/files.h"
 #include "host/window.h"
-#include "platform/forms.h"
-#include "platform/input_state.h"
+#include "toolkit/forms.h"
+#include "toolkit/input_state.h"
 
 namespace headless {
 
@@ -52,6 +52,9 @@ using headless::TheHost;
 std::uint32_t timeGetTime() {
     return TheHost().now += TheHost().stepPerReading;
 }
+
+// Scripted time does not pass by resting.
+void RestUntil(std::uint32_t) {}
 
 std::uint64_t SystemClockSeed() {
     return TheHost().systemSeed++;

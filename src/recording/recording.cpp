@@ -1,0 +1,321 @@
+#include "recording/recording.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <map>
+#include <set>
+#include <sstream>
+
+#include "host/files.h"
+#include "recording/link.h"
+#include "stage/plays.h"
+#include "state/main_form.h"
+#include "state/options.h"
+
+namespace {
+
+constexpr const char* kFirstLine = "tarnveil-recording 1";
+constexpr int kFramesPerLine = 8;
+
+using Kind = InputEvent::Kind;
+const std::map<Kind, std::string> kEventNames = {
+    {Kind::keyDown, "key-down"},         {Kind::keyUp, "key-up"}, {Kind::allKeysUp, "all-keys-up"},
+    {Kind::joystick, "joystick"},        {Kind::menu, "menu"},    {Kind::joystickOff, "joystick-off"},
+    {Kind::closeWindow, "close-window"},
+};
+
+std::string Hex(std::uint64_t value, int digits) {
+    char text[17];
+    std::snprintf(text, sizeof text, "%0*llx", digits, static_cast<unsigned long long>(value));
+    return text;
+}
+
+std::string HexOf(const FrameDigest& digest) {
+    std::string text;
+    for (const std::uint8_t byte : digest) text += Hex(byte, 2);
+    return text;
+}
+
+}  // namespace
+
+std::string FormatEvent(const InputEvent& event) {
+    std::ostringstream line;
+    line << kEventNames.at(event.kind);
+    if (event.kind == Kind::menu) {
+        line << ' ' << event.item;
+    } else if (event.kind != Kind::allKeysUp && event.kind != Kind::closeWindow) {
+        line << ' ' << event.code;
+    }
+    if (event.kind == Kind::joystick) line << ' ' << event.x << ' ' << event.y << ' ' << event.buttons;
+    return line.str();
+}
+
+namespace {
+
+// The energy as it is read back, bit for bit.
+std::string ExactText(float value) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.9g", static_cast<double>(value));
+    return text;
+}
+
+std::string From(const GameStart& start) {
+    if (start.entry == 0) return {};
+    return "from " + std::to_string(start.entry) + ' ' + ExactText(start.energy) + ' ' +
+           std::to_string(start.shotMode) + '\n';
+}
+
+void FormatHeader(std::ostream& out, const Recording& r) {
+    out << kFirstLine << '\n'
+        << "seed " << r.seed << '\n'
+        << "level " << r.level << '\n'
+        << "play " << r.play << '\n'
+        << From(r.start);
+    if (!r.pilot.empty()) out << "pilot " << r.pilot << '\n';
+    out << "options";
+    for (const Option& option : kOptions) out << ' ' << option.word << '=' << r.options[option.item];
+    out << '\n';
+    if (r.options[&MainFormType::Menu008])
+        out << "joystick " << r.joyId << ' ' << r.joyCenterX << ' ' << r.joyCenterY << '\n';
+    out << "scroll " << r.scroll << '\n' << "hiscore " << r.hiScore << '\n' << "data " << Hex(r.dataDigest, 16) << '\n';
+    for (const InputEvent& stick : r.sticks) {
+        out << "stick " << stick.code << ' ' << stick.x << ' ' << stick.y << ' ' << stick.buttons << '\n';
+    }
+    for (const HeldKey& key : r.held) out << "held " << key.code << ' ' << key.down << ' ' << key.pressedSince << '\n';
+}
+
+// Reads one line's words; any that is missing or malformed makes it bad.
+class Words {
+  public:
+    explicit Words(const std::string& line) : in_(line) {}
+
+    std::string Text() {
+        std::string word;
+        if (!(in_ >> word)) bad_ = true;
+        return word;
+    }
+    std::string Rest() {
+        std::string rest;
+        if (!std::getline(in_ >> std::ws, rest)) bad_ = true;
+        return rest;
+    }
+    bool More() { return !(in_ >> std::ws).eof(); }
+    template <typename T>
+    void Number(T& value, int base = 10) {
+        const std::string word = Text();
+        const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value, base);
+        if (error != std::errc() || end != word.data() + word.size()) bad_ = true;
+    }
+    void Decimal(float& value) {
+        const std::string word = Text();
+        const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value);
+        if (error != std::errc() || end != word.data() + word.size()) bad_ = true;
+    }
+    // The number of one of the rows.
+    void OneOf(int& value, const auto& rows, auto number) {
+        Number(value);
+        if (std::ranges::find(rows, value, number) == std::end(rows)) bad_ = true;
+    }
+    void Flag(bool& value) {
+        int number = -1;
+        Number(number);
+        if (number != 0 && number != 1) bad_ = true;
+        value = number == 1;
+    }
+    // NAME=value
+    template <typename T>
+    void Named(const std::string& name, T& value, int base = 10) {
+        const std::string word = Text();
+        const std::size_t start = name.size() + 1;
+        if (!word.starts_with(name + "=")) {
+            bad_ = true;
+            return;
+        }
+        const char* end = word.data() + word.size();
+        std::from_chars_result result{};
+        if constexpr (std::is_floating_point_v<T>) {
+            result = std::from_chars(word.data() + start, end, value);
+        } else {
+            result = std::from_chars(word.data() + start, end, value, base);
+        }
+        if (result.ec != std::errc() || result.ptr != end) bad_ = true;
+    }
+    void Bad() { bad_ = true; }
+    bool Good() { return !bad_ && !More(); }
+
+  private:
+    std::istringstream in_;
+    bool bad_ = false;
+};
+
+void ParseEvent(Words& words, Recording& r) {
+    RecordedEvent recorded{};
+    InputEvent& event = recorded.event;
+    words.Number(recorded.time.frame);
+    words.Number(recorded.time.yield);
+    const std::string name = words.Text();
+    bool known = false;
+    for (const auto& [kind, kindName] : kEventNames) {
+        if (kindName != name) continue;
+        event.kind = kind;
+        known = true;
+    }
+    if (!known) words.Bad();
+    if (event.kind == Kind::menu) {
+        event.item = words.Text();
+    } else if (event.kind != Kind::allKeysUp && event.kind != Kind::closeWindow) {
+        words.Number(event.code);
+    }
+    if (event.kind == Kind::joystick) words.Number(event.x), words.Number(event.y), words.Number(event.buttons);
+    r.events.push_back(recorded);
+}
+
+void ParseFrames(Words& words, Recording& r) {
+    int first = 0;
+    words.Number(first);
+    if (first != static_cast<int>(r.frames.size()) + 1) words.Bad();
+    while (words.More()) {
+        const std::string text = words.Text();
+        FrameDigest digest{};
+        if (text.size() != 2 * digest.size()) return words.Bad();
+        for (std::size_t i = 0; i < digest.size(); ++i) {
+            const char* at = text.data() + 2 * i;
+            if (std::from_chars(at, at + 2, digest[i], 16).ptr != at + 2) return words.Bad();
+        }
+        r.frames.push_back(digest);
+    }
+}
+
+void ParseEnd(Words& words, Recording& r) {
+    words.Named("frames", r.endFrames);
+    words.Named("score", r.endScore);
+    words.Named("energy", r.endEnergy);
+    words.Named("digest", r.endDigest, 16);
+    const bool complete = r.endFrames == static_cast<int>(r.frames.size());
+    if (r.endFrames < 0 || !(complete || r.frames.empty())) words.Bad();
+}
+
+void ParseStart(Words& words, GameStart& start) {
+    words.Number(start.entry);
+    words.Decimal(start.energy);
+    words.Number(start.shotMode);
+    const bool possible = start.entry > 0 && start.entry < kStageEntries && start.energy > 0 && start.energy <= 10;
+    if (!possible || start.shotMode > 1) words.Bad();
+}
+
+void ParseOptions(Words& words, Recording& r) {
+    std::set<std::string_view> given;
+    while (words.More()) {
+        const std::string word = words.Text();
+        const auto equals = std::min(word.find('='), word.size());
+        const auto* option = std::ranges::find(kOptions, std::string_view(word).substr(0, equals), &Option::word);
+        const bool mark = word.substr(equals) == "=1";
+        if (option == std::end(kOptions) || !(mark || word.substr(equals) == "=0")) return words.Bad();
+        if (!given.insert(option->word).second) return words.Bad();
+        r.options[option->item] = mark;
+    }
+}
+
+void ParseHeld(Words& words, Recording& r) {
+    HeldKey key{};
+    words.Number(key.code);
+    words.Flag(key.down);
+    words.Flag(key.pressedSince);
+    r.held.push_back(key);
+}
+
+void ParseStick(Words& words, Recording& r) {
+    InputEvent stick{Kind::joystick};
+    words.Number(stick.code);
+    words.Number(stick.x), words.Number(stick.y), words.Number(stick.buttons);
+    r.sticks.push_back(stick);
+}
+
+bool ParseLine(const std::string& line, Recording& r, bool& ended) {
+    Words words(line);
+    const std::string first = words.Text();
+    if (ended) return false;
+    if (first == "seed")
+        words.Number(r.seed);
+    else if (first == "level")
+        words.OneOf(r.level, kDifficulties, &Difficulty::level);
+    else if (first == "play")
+        words.OneOf(r.play, kPlays, &Play::number);
+    else if (first == "pilot")
+        r.pilot = words.Rest();
+    else if (first == "from")
+        ParseStart(words, r.start);
+    else if (first == "options")
+        ParseOptions(words, r);
+    else if (first == "joystick")
+        words.Number(r.joyId), words.Number(r.joyCenterX), words.Number(r.joyCenterY);
+    else if (first == "scroll")
+        words.Number(r.scroll);
+    else if (first == "hiscore")
+        words.Number(r.hiScore);
+    else if (first == "data")
+        words.Number(r.dataDigest, 16);
+    else if (first == "held")
+        ParseHeld(words, r);
+    else if (first == "stick")
+        ParseStick(words, r);
+    else if (first == "event")
+        ParseEvent(words, r);
+    else if (first == "frame")
+        ParseFrames(words, r);
+    else if (first == "end")
+        ParseEnd(words, r), ended = true;
+    else
+        return false;
+    return words.Good();
+}
+
+}  // namespace
+
+bool LeavesProgram(const InputEvent& event) {
+    return event.kind == Kind::closeWindow || (event.kind == Kind::menu && event.item == MainForm.Menu303.Name);
+}
+
+std::string FormatRecording(const Recording& r) {
+    std::ostringstream out;
+    out.imbue(std::locale::classic());
+    FormatHeader(out, r);
+    for (const RecordedEvent& event : r.events) {
+        out << "event " << event.time.frame << ' ' << event.time.yield << ' ' << FormatEvent(event.event) << '\n';
+    }
+    for (std::size_t i = 0; i < r.frames.size(); ++i) {
+        if (i % kFramesPerLine == 0) out << (i == 0 ? "" : "\n") << "frame " << i + 1;
+        out << ' ' << HexOf(r.frames[i]);
+    }
+    out << (r.frames.empty() ? "" : "\n") << "end frames=" << r.endFrames << " score=" << r.endScore
+        << " energy=" << ExactText(r.endEnergy) << " digest=" << Hex(r.endDigest, 16) << '\n';
+    return out.str();
+}
+
+std::string ParseRecording(std::string_view text, Recording& recording) {
+    std::istringstream lines{std::string(text)};
+    std::string line;
+    if (!std::getline(lines, line) || line != kFirstLine) {
+        return "line 1: not a recording of this version (" + std::string(kFirstLine) + ")";
+    }
+    Recording r;
+    bool ended = false;
+    for (int number = 2; std::getline(lines, line); ++number) {
+        if (line.empty()) continue;
+        if (!ParseLine(line, r, ended))
+            return "line " + std::to_string(number) + ": not understood: " + line.substr(0, 60);
+    }
+    if (!ended) return "the end line is missing: the recording is cut off";
+    recording = std::move(r);
+    return {};
+}
+
+std::string ReadRecording(const std::string& path, Recording& recording) {
+    if (LooksLikeLink(path)) return ParseLink(path, recording);
+    const FileBytes file = ReadWholeFile(path);
+    if (file.error != FileError::none) return path + ": " + file.reason;
+    const std::string error =
+        ParseRecording({reinterpret_cast<const char*>(file.bytes.data()), file.bytes.size()}, recording);
+    return error.empty() ? "" : path + ": " + error;
+}

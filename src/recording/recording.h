@@ -1,0 +1,109 @@
+// Recorded games: a readable text file from which a game can be played again exactly. It holds the seed, the options,
+// a fingerprint of the data tables, every event with its place in time, and a fingerprint of every frame.
+//
+//   tarnveil-recording 1
+//   seed 7
+//   level 2                    of kDifficulties
+//   play 0                     of kPlays
+//   from 40 7.5 1              entry, energy, shot mode; only of a game that an author has started within a stage
+//   pilot dodge forward game   what the simulator was asked for; only of games that no person has played
+//   options Wait=1 BGM=1       words of kOptions in any order; one that is absent is as at start
+//   joystick 0 32767 32767     JoyId, JoyCenterX, JoyCenterY; only with Joystick=1
+//   scroll 120                 ScrollY at the start
+//   hiscore 0                  HiScore at the start
+//   data 0123456789abcdef
+//   held 38 1 0                key, down, pressed since: keys held as the game begins
+//   stick 0 32767 0 1          joystick, x, y, buttons as the game begins
+//   event FRAME YIELD key-down 88
+//   frame FIRST digest digest ...    none, or all frames
+//   end frames=1234 score=560 energy=7 digest=0123456789abcdef
+//
+// A digest of 0 in the end line marks a game that was cut off: the program was left, or an editor opened.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/events.h"
+#include "recording/digest.h"
+#include "shell/game_loop.h"
+#include "state/options.h"
+#include "toolkit/input_state.h"
+
+// When an event is taken: after so many frames, at the so-manieth yield since then.
+struct EventTime {
+    int frame = 0;
+    int yield = 0;
+
+    auto operator<=>(const EventTime&) const = default;
+};
+
+struct RecordedEvent {
+    EventTime time;
+    InputEvent event;
+
+    bool operator==(const RecordedEvent&) const = default;
+};
+
+struct Recording {
+    std::uint64_t seed = 0;
+    int level = kNomal;
+    int play = 0;
+    GameStart start;
+    std::string pilot;
+    OptionMarks options;
+    int joyId = 0;
+    int joyCenterX = 0;
+    int joyCenterY = 0;
+    int scroll = 0;
+    int hiScore = 0;
+    std::uint64_t dataDigest = 0;
+    std::vector<HeldKey> held;
+    std::vector<InputEvent> sticks;
+    std::vector<RecordedEvent> events;
+    std::vector<FrameDigest> frames;  // frames[0] is the first one; empty: only the end is known
+    int endFrames = 0;                // frames played
+    int endScore = 0;
+    float endEnergy = 0;
+    std::uint64_t endDigest = 0;  // 0: cut off
+
+    bool operator==(const Recording&) const = default;
+};
+
+std::string FormatRecording(const Recording& recording);
+
+// The event as its line has it, behind the time: "key-down 88".
+std::string FormatEvent(const InputEvent& event);
+
+// Empty when done, else what is wrong, with the line number.
+std::string ParseRecording(std::string_view text, Recording& recording);
+// From a file, or from a link to a game (link.h).
+std::string ReadRecording(const std::string& path, Recording& recording);
+
+// Whether the event ends the program: such events are not part of a recording.
+bool LeavesProgram(const InputEvent& event);
+
+// Records the first game from here on into `path`, written when the game or the program ends. Opening an editor ends
+// the recording there: what it changes in the tables is not an event.
+void StartRecorder(const std::string& path, const std::string& pilot = {});
+
+// Stops recording; a game that is still going on is written as far as it has come. Empty, or why the recording could
+// not be written.
+std::string FinishRecorder();
+
+enum class ReplayState { none, waiting, playing, finished, differs };
+
+struct ReplayResult {
+    ReplayState state = ReplayState::none;
+    int frame = 0;          // frames played; where it differs: the first such frame
+    std::string message{};  // where it differs: the groups and their values
+};
+
+// Sets options, seed and watchers so that the next game plays `recording`: at the title it starts by itself, and the
+// program ends after it, or where the recording was cut off. Only closing the window and quitting get through to the
+// game.
+void StartReplay(const Recording& recording);
+void StopReplay();
+const ReplayResult& Replay();
