@@ -6,20 +6,16 @@
 #include <cstdio>
 #include <span>
 
-#include "fields.h"
+#include "author/fields.h"
 
 namespace {
 
-// Nine digits tell any two Singles apart. A plain -0 would be a whole number without a sign.
+// A value that seven digits do not say would be rounded by the build: it is given by its bits.
 std::string Text(Single value) {
-    char text[24];
-    if (!std::isfinite(value)) {
-        snprintf(text, sizeof text, "\"#%08X\"", std::bit_cast<std::uint32_t>(value));
-    } else if (value == 0.0F && std::signbit(value)) {
-        return "-0.0";
-    } else {
-        snprintf(text, sizeof text, "%.9g", static_cast<double>(value));
-    }
+    const auto bits = std::bit_cast<std::uint32_t>(value);
+    if (std::isfinite(value) && std::bit_cast<std::uint32_t>(AsShown(value)) == bits) return TextOf(value);
+    char text[40];
+    snprintf(text, sizeof text, "\"#%08X\" --[[%.9g]]", bits, static_cast<double>(value));
     return text;
 }
 
@@ -86,7 +82,7 @@ std::vector<LuaSource> DumpTables(const Tables& tables) {
     Tables copy = tables;  // the field lists point into what they describe
     std::vector<LuaSource> sources = {{kMoveTable.source, DumpMoves(copy)}, {kEnemyTable.source, DumpKinds(copy)}};
     for (std::size_t i = 0; i < kStageTables; ++i) {
-        sources.push_back({kStageTableNames[i].source, DumpStage(copy.Stages[i])});
+        sources.push_back({StageTable(i).source, DumpStage(copy.Stages[i])});
     }
     return sources;
 }

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "tables.h"
+#include "author/tables.h"
 
 struct LuaSource {
     std::string name;  // of the file

@@ -7,9 +7,11 @@
 
 namespace {
 
+constexpr std::size_t kLongestText = 100;
+
 std::string Quoted(std::string_view text) {
     std::string quoted(1, '\'');
-    quoted += text;
+    quoted += text.substr(0, kLongestText);
     return quoted += '\'';
 }
 
@@ -46,7 +48,7 @@ std::string SetFromBits(std::string_view text, Single& value) {
 std::string Set(lua_State* state, int index, Single& value, const Names*) {
     if (lua_type(state, index) == LUA_TSTRING) return SetFromBits(TextAt(state, index), value);
     if (lua_type(state, index) != LUA_TNUMBER) return std::string(luaL_typename(state, index)) + " is not a number";
-    value = static_cast<Single>(lua_tonumber(state, index));
+    value = AsShown(static_cast<Single>(lua_tonumber(state, index)));
     if (!std::isfinite(value)) return AsText(state, index) + " is not within the range of a Single";
     return {};
 }

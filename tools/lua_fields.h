@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "fields.h"
+#include "author/fields.h"
 
 struct lua_State;
 

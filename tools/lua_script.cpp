@@ -12,7 +12,8 @@
 namespace {
 
 // Far above what a stage needs (well under a million), and over in less than a second.
-constexpr int kInstructionLimit = 50'000'000;
+constexpr int kStride = 1'000'000;
+constexpr int kStrideLimit = 50;
 constexpr std::size_t kMemoryLimit = 64u << 20;
 constexpr const char* kSelfKey = "tarnveil.script";
 constexpr const char* kIncludedKey = "tarnveil.included";
@@ -50,11 +51,20 @@ end
 math.randomseed(1)
 )";
 
-void StopEndlessScript(lua_State* state, lua_Debug*) {
-    luaL_where(state, 0);
-    lua_pushfstring(state, "%smore than %d instructions: does a loop never end?", lua_tostring(state, -1),
-                    kInstructionLimit);
-    lua_error(state);
+// The innermost line of a script. Allocates nothing: it is also called when there is no memory left.
+void NotePlace(lua_State* state) {
+    lua_Debug frame;
+    for (int level = 0; lua_getstack(state, level, &frame) == 1; ++level) {
+        lua_getinfo(state, "Sl", &frame);
+        if (frame.currentline <= 0) continue;
+        snprintf(scriptPlace->data(), scriptPlace->size(), "%s:%d", frame.short_src, frame.currentline);
+        return;
+    }
+}
+
+bool CallsLibrary(lua_State* state, lua_Debug* event) {
+    lua_getinfo(state, "S", event);
+    return *event->what == 'C';
 }
 
 void OpenLibraries(lua_State* state) {
@@ -91,7 +101,10 @@ void* Reallocate(void* self, void* block, std::size_t oldSize, std::size_t newSi
         script.memory_ -= oldSize;
         return nullptr;
     }
-    if (newSize > oldSize && script.memory_ + (newSize - oldSize) > kMemoryLimit) return nullptr;
+    if (newSize > oldSize && script.memory_ + (newSize - oldSize) > kMemoryLimit) {
+        if (script.state_) NotePlace(script.state_);
+        return nullptr;
+    }
     void* moved = realloc(block, newSize);
     if (moved) script.memory_ += newSize - oldSize;
     return moved;
@@ -135,6 +148,20 @@ int LuaScript::Load(const std::string& name) {
     }
     const char* text = reinterpret_cast<const char*>(file.bytes.data());
     return luaL_loadbufferx(state_, text, file.bytes.size(), ("@" + name).c_str(), "t");
+}
+
+// The hook of Run.
+void LuaScript::Watch(lua_State* state, lua_Debug* event) {
+    if (event->event != LUA_HOOKCOUNT) {
+        if (CallsLibrary(state, event)) NotePlace(state);
+        return;
+    }
+    NotePlace(state);
+    lua_getfield(state, LUA_REGISTRYINDEX, kSelfKey);
+    auto& script = *static_cast<LuaScript*>(lua_touserdata(state, -1));
+    if (++script.strides_ < kStrideLimit) return lua_pop(state, 1);
+    luaL_error(state, "%s: more than %d million instructions: does a loop never end?", scriptPlace->data(),
+               kStrideLimit);
 }
 
 // include(NAME): runs the file once and gives what it returns; later calls give the same again.
@@ -181,10 +208,13 @@ int LuaScript::AddOrigin(lua_State* state) {
 std::string LuaScript::Run() {
     lua_settop(state_, 0);
     lua_pushcfunction(state_, AddOrigin);
+    snprintf(scriptPlace->data(), scriptPlace->size(), "%s", file_.c_str());
     int status = Load(file_);
-    lua_sethook(state_, StopEndlessScript, LUA_MASKCOUNT, kInstructionLimit);
+    lua_sethook(state_, Watch, LUA_MASKCALL | LUA_MASKCOUNT, kStride);
     if (status == LUA_OK) status = lua_pcall(state_, 0, 0, 1);
     if (status == LUA_OK) return {};
-    if (status == LUA_ERRMEM) return file_ + ": more than 64 MiB of memory: does a table grow without end?";
+    if (status == LUA_ERRMEM) {
+        return std::string(scriptPlace->data()) + ": more than 64 MiB of memory: does something grow without end?";
+    }
     return lua_tostring(state_, -1) ? lua_tostring(state_, -1) : "unknown fault";
 }

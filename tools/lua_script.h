@@ -4,7 +4,15 @@
 
 #include <string>
 
+#include "limited_process.h"
+
 struct lua_State;
+struct lua_Debug;
+
+// Where the running script is, "stage1.lua:12", as far as it may be needed: before each call into Lua's own library,
+// which may not come back, and where the memory ended.
+inline WorkPlace ownPlace{};
+inline WorkPlace* scriptPlace = &ownPlace;
 
 class LuaScript {
   public:
@@ -22,6 +30,7 @@ class LuaScript {
     std::string Run();
 
   private:
+    static void Watch(lua_State* state, lua_Debug* event);
     static int Include(lua_State* state);
     static int AddOrigin(lua_State* state);
     int Load(const std::string& name);  // a Lua status; leaves a function or a message on the stack
@@ -30,6 +39,7 @@ class LuaScript {
     std::string file_;
     lua_State* state_ = nullptr;
     std::size_t memory_ = 0;  // bytes in use
+    int strides_ = 0;         // of instructions
     friend void* Reallocate(void* self, void* block, std::size_t oldSize, std::size_t newSize);
 };
 

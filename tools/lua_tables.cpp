@@ -1,7 +1,9 @@
 #include "lua_tables.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <lua.hpp>
+#include <memory>
 #include <optional>
 #include <span>
 
@@ -21,9 +23,10 @@ const Names kCommandNames = {{"clear", kStageClear},     {"next_stage", kNextSta
                              {"restart", kRestart},      {"repeat", kRepeat}};
 
 struct Builder {
-    explicit Builder(Tables& target) : tables(target) {}
+    explicit Builder(BuiltTables& built) : tables(built.tables), passages(built.passages) {}
 
     Tables& tables;
+    Passages& passages;
     Names patterns{};
     Names kinds = kCommandNames;
     bool patternGiven[kMovePatterns] = {};
@@ -32,7 +35,7 @@ struct Builder {
     int nextPattern = 0;
     int nextKind = 0;
     int nextStep = 0;
-    int stage = 0;
+    std::size_t stage = 0;
     int nextEntry = 0;
     std::string fault;  // of the call that has just failed; lives here so that raising it leaks nothing
 };
@@ -60,8 +63,12 @@ std::string Result(lua_State* state, int number) {
     return {};
 }
 
+constexpr std::size_t kLongestName = 100;  // what scripts make longer would only fill the memory
+
 std::string KeyText(lua_State* state, int index) {
-    if (lua_type(state, index) == LUA_TSTRING) return lua_tostring(state, index);
+    if (lua_type(state, index) == LUA_TSTRING) {
+        return std::string(std::string_view(lua_tostring(state, index)).substr(0, kLongestName));
+    }
     if (lua_isinteger(state, index)) return std::string("number ") += std::to_string(lua_tointeger(state, index));
     return luaL_typename(state, index);
 }
@@ -89,6 +96,7 @@ struct Heading {
 // Reads the name and number at the two stack places; both may be nil.
 std::string ReadHeading(lua_State* state, int nameAt, int numberAt, int count, Heading& heading) {
     if (lua_type(state, nameAt) == LUA_TSTRING) {
+        if (lua_rawlen(state, nameAt) > kLongestName) return "the name is longer than 100 letters";
         heading.name = lua_tostring(state, nameAt);
     } else if (!lua_isnoneornil(state, nameAt)) {
         return "the name must be text";
@@ -167,20 +175,30 @@ std::string NextEntry(lua_State* state, Builder& builder) {
     return Result(state, builder.nextEntry);
 }
 
-std::string RunStage(const std::string& folder, int stage, Builder& builder) {
+std::string NamePassage(lua_State* state, Builder& builder) {
+    const bool good = lua_isinteger(state, 1) && lua_type(state, 2) == LUA_TSTRING;
+    if (!good) return "name_passage: a frame and a name are wanted";
+    if (builder.passages.count == kMostPassages)
+        return "name_passage: " + std::to_string(kMostPassages) + " are the most";
+    Passage& passage = builder.passages.list[builder.passages.count++];
+    passage.stage = static_cast<int>(builder.stage);
+    passage.frame = static_cast<int>(lua_tointeger(state, 1));
+    snprintf(passage.name, sizeof passage.name, "%s", lua_tostring(state, 2));
+    return Result(state, builder.passages.count);
+}
+
+std::string RunStage(const std::string& folder, std::size_t stage, Builder& builder) {
     builder.stage = stage;
     builder.nextEntry = 0;
-    LuaScript script(folder, kStageTableNames[static_cast<std::size_t>(stage)].source);
+    LuaScript script(folder, StageTable(stage).source);
     script.Define("entry", Guarded<AddEntry>, &builder);
     script.Define("next_entry", Guarded<NextEntry>, &builder);
+    script.Define("name_passage", Guarded<NamePassage>, &builder);
     return script.Run();
 }
 
-}  // namespace
-
-std::string BuildTables(const std::string& folder, Tables& tables) {
-    tables = {};
-    Builder builder(tables);
+std::string RunSources(const std::string& folder, BuiltTables& built) {
+    Builder builder(built);
     LuaScript moves(folder, kMoveTable.source);
     moves.Define("pattern", Guarded<BeginPattern>, &builder);
     moves.Define("step", Guarded<AddStep>, &builder);
@@ -190,6 +208,24 @@ std::string BuildTables(const std::string& folder, Tables& tables) {
     LuaScript enemies(folder, kEnemyTable.source);
     enemies.Define("kind", Guarded<AddKind>, &builder);
     fault = enemies.Run();
-    for (int i = 0; i < kStageTables && fault.empty(); ++i) fault = RunStage(folder, i, builder);
+    for (std::size_t i = 0; i < kStageTables && fault.empty(); ++i) fault = RunStage(folder, i, builder);
+    return fault;
+}
+
+}  // namespace
+
+std::string BuildTables(const std::string& folder, BuiltTables& built) {
+    built = {};
+    const auto work = [&](WorkPlace& place) {
+        scriptPlace = &place;
+        return RunSources(folder, built);
+    };
+    return RunLimited(work, std::as_writable_bytes(std::span(&built, 1)));
+}
+
+std::string BuildTables(const std::string& folder, Tables& tables) {
+    const auto built = std::make_unique<BuiltTables>();
+    std::string fault = BuildTables(folder, *built);
+    tables = built->tables;
     return fault;
 }

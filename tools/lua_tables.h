@@ -6,12 +6,33 @@
 //
 // Numbers count up by themselves where none is given; a field left out is 0. MoveNo may be the name of a pattern, No
 // that of a kind or a command, Flag that of a control step. next_step() and next_entry() tell the number of the step
-// or entry that comes next: a jump target. A Single may be given as "#7FC00000", its exact bits.
+// or entry that comes next: a jump target. A Single is rounded to seven digits, as the editors do; "#7FC00000" gives
+// its exact bits. name_passage(FRAME, NAME) notes what begins in a frame of a stage; it changes no table.
 #pragma once
 
 #include <string>
 
-#include "tables.h"
+#include "author/tables.h"
 
 // Runs the six sources of `folder` in the order moves, enemies, stages. Empty when all is done, else the first fault.
+// A build that takes more than 10 s of processor time is one.
 std::string BuildTables(const std::string& folder, Tables& tables);
+
+// A stretch of a stage that its source has given a name.
+struct Passage {
+    int stage;      // as in Tables::Stages
+    int frame;      // from the beginning of the stage, as if every boss were beaten at once
+    char name[48];  // cut short
+};
+inline constexpr int kMostPassages = 200;
+struct Passages {
+    int count;
+    Passage list[kMostPassages];  // of all stages, in order
+};
+
+// All that the sources give. Plain values, because it comes out of another process.
+struct BuiltTables {
+    Tables tables;
+    Passages passages;
+};
+std::string BuildTables(const std::string& folder, BuiltTables& built);

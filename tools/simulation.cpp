@@ -5,20 +5,24 @@
 #include <ctime>
 #include <memory>
 
+#include "combat/fire_patterns.h"
+#include "fresh_program.h"
 #include "host/headless/headless.h"
 #include "host/window.h"
 #include "pilot.h"
 #include "platform/events.h"
+#include "renew.h"
 #include "shell/game_loop.h"
-#include "shell/main_form.h"
-#include "shell/random.h"
-#include "shell/title_screen.h"
+#include "shell/main_routine.h"
 #include "stage/stage_script.h"
+#include "state/main_form.h"
+#include "state/options.h"
+#include "state/random.h"
 
 namespace {
 
-constexpr int kLongStay = 26 * 60;  // frames; about a minute
-constexpr Byte kFirstBossKind = 37;
+constexpr std::uint32_t kClockStep = 13;  // ms
+constexpr int kLongStay = 26 * 60;        // frames; about a minute
 
 // The run that is going on; watchers and taps have no argument to carry it.
 struct Run {
@@ -26,10 +30,16 @@ struct Run {
     SimReport report;
     std::unique_ptr<Pilot> pilot;
     PilotHands hands;
-    Single lastPower = 10;
     int empty = 0;
+    int lonely = 0;
+    int safe = 0;
     std::array<int, kEnemySlots> age{};
-    GameWatcher recorder;  // goes first, when the run is recorded
+    struct Birth {
+        Byte code, kind;
+    };
+    std::array<Birth, kEneShotSlots> births{};  // of the shots in flight
+    std::vector<int> hitters;                   // shots that have hit in this frame
+    GameWatcher recorder;                       // goes first, when the run is recorded
 };
 Run run;
 EventTap recorderTap = nullptr;
@@ -49,44 +59,103 @@ StageReport& CurrentStage() {
     if (stages.empty() || stages.back().stage != game.StageNo) {
         if (!stages.empty()) stages.back().cleared = true;
         stages.push_back({game.StageNo});
-        run.empty = 0;
+        run.empty = run.lonely = run.safe = 0;
     }
     return stages.back();
 }
 
-void CountEnemies(StageReport& stage, bool& anythingInSight) {
-    int alive = 0;
+struct Sight {
+    int live = 0;       // live enemies in sight
+    int exploding = 0;  // explosions in sight
+    int shots = 0;
     bool boss = false;
+};
+
+Sight LookAtField() {
+    Sight sight;
+    for (int i = 0; i <= game.EnemyMax; ++i) {
+        const EnemyType& enemy = game.Enemy[i];
+        if (EnemyInSight(enemy)) ++(enemy.State == 1 ? sight.live : sight.exploding);
+        if (enemy.State == 1 && enemy.Kind >= kFirstBoss) sight.boss = true;
+    }
+    for (int j = 0; j <= game.EneShotMax; ++j) sight.shots += game.EneShot[j].Used == 1;
+    return sight;
+}
+
+void CountEnemies() {
+    int alive = 0;
     for (int i = 0; i <= game.EnemyMax; ++i) {
         const EnemyType& enemy = game.Enemy[i];
         int& age = run.age[static_cast<std::size_t>(i)];
         age = enemy.State == 1 ? age + 1 : 0;
-        if (enemy.State == 1) ++alive;
-        if (enemy.State == 1 && enemy.Kind >= kFirstBossKind) boss = true;
-        if (enemy.State == 1 && enemy.Kind < kFirstBossKind && age == kLongStay) ++run.report.neverLeft;
-        anythingInSight = anythingInSight || EnemyInSight(enemy);
+        alive += enemy.State == 1;
+        if (enemy.State == 1 && enemy.Kind < kFirstBoss && age == kLongStay) ++run.report.neverLeft;
     }
     run.report.mostEnemies = std::max(run.report.mostEnemies, alive);
-    stage.bossFrames += boss;
 }
 
-void CountShots(bool& anythingInSight) {
-    int shots = 0;
-    for (int j = 0; j <= game.EneShotMax; ++j) shots += game.EneShot[j].Used == 1;
-    run.report.mostShots = std::max(run.report.mostShots, shots);
-    anythingInSight = anythingInSight || shots > 0;
+void CountBirth(int shot, Integer slot, Byte code) {
+    run.births[static_cast<std::size_t>(shot)] = {code, game.Enemy[slot].Kind};
+    const EneShotType& born = game.EneShot[shot];
+    if (!run.report.stages.empty()) run.report.stages.back().offScreen += !InSight(born.X, born.Y, 1, 1);
+}
+
+void CountHitter(int shot) {
+    run.hitters.push_back(shot);
 }
 
 void CountHits(StageReport& stage) {
-    if (game.MyPower < run.lastPower) {
-        ++stage.hits;
-        ++run.report.hits;
+    for (const int shot : run.hitters) {
+        const auto& birth = run.births[static_cast<std::size_t>(shot)];
+        ++stage.hits, ++run.report.hits;
+        ++stage.hitsByCode[birth.code], ++stage.hitsByKind[birth.kind];
+        stage.wayHits += stage.bossFrames == 0;
     }
-    run.lastPower = game.MyPower;
+    run.safe = run.hitters.empty() ? run.safe + 1 : 0;
+    stage.longestSafe = std::max(stage.longestSafe, run.safe);
     if (game.MyDead != False && run.report.diedStage < 0) {
         run.report.diedStage = game.StageNo;
         run.report.diedEntry = game.StageIndex;
     }
+}
+
+// Rhythm is a matter of the way to the boss; from there on the player decides how long things last.
+void CountWay(StageReport& stage, const Sight& sight) {
+    stage.bossFrames += sight.boss;
+    if (stage.bossFrames > 0 || game.StageClear != 0) return;
+    ++stage.wayFrames;
+    run.lonely = sight.live > 0 ? 0 : run.lonely + 1;
+    stage.lonely += run.lonely > 0;
+    stage.lonelyLongest = std::max(stage.lonelyLongest, run.lonely);
+    stage.enemies += sight.live;
+    stage.shots += sight.shots;
+}
+
+void CountEmptiness(StageReport& stage, const Sight& sight) {
+    // the clear message counts as something to see
+    const bool something = sight.live + sight.exploding + sight.shots > 0 || game.StageClear != 0;
+    run.empty = something ? 0 : run.empty + 1;
+    stage.emptyLongest = std::max(stage.emptyLongest, run.empty);
+}
+
+void CountTime(const StageReport& stage, const Sight& sight) {
+    if (run.report.stages.size() != 1) return;
+    const auto bin = static_cast<std::size_t>((stage.frames - 1) / kBinFrames);
+    if (run.report.bins.size() <= bin) run.report.bins.resize(bin + 1);
+    TimeBin& b = run.report.bins[bin];
+    ++b.frames, b.enemies += sight.live, b.shots += sight.shots, b.hits += static_cast<int>(run.hitters.size());
+}
+
+void CountFrame(StageReport& stage) {
+    const Sight sight = LookAtField();
+    ++stage.frames;
+    run.report.mostShots = std::max(run.report.mostShots, sight.shots);
+    CountEnemies();
+    CountHits(stage);
+    CountWay(stage, sight);
+    CountEmptiness(stage, sight);
+    CountTime(stage, sight);
+    run.hitters.clear();
 }
 
 // Without an image nothing is composed, which is most of a frame's work.
@@ -98,7 +167,7 @@ void DropPictures() {
 
 // A play of stage 1 alone is a normal game that is left where stage 2 begins.
 bool StageOneDone() {
-    return run.options.play == SimPlay::stage1 && game.StageNo > 1;
+    return run.options.play == SimPlay{} && game.StageNo > FindPlay(kNormalPlay)->stageNo;
 }
 
 void FrameDone() {
@@ -113,13 +182,7 @@ void FrameDone() {
         return;
     }
     StageReport& stage = CurrentStage();
-    ++stage.frames;
-    bool inSight = game.StageClear != 0;  // the clear message counts as something to see
-    CountEnemies(stage, inSight);
-    CountShots(inSight);
-    CountHits(stage);
-    run.empty = inSight ? 0 : run.empty + 1;
-    stage.emptyLongest = std::max(stage.emptyLongest, run.empty);
+    CountFrame(stage);
     if (run.report.frames >= run.options.frameLimit) run.report.stuck = true;
 }
 
@@ -153,60 +216,44 @@ void SpawnLost(const StageDataType&) {
     ++run.report.spawnsLost;
 }
 
-void ChoosePlay(SimPlay play, int level) {
-    (level == 1 ? MENU101_Click : level == 5 ? MENU103_Click : MENU102_Click)();
-    const bool normal = play == SimPlay::wholeGame || play == SimPlay::stage1;
-    (normal                    ? Menu401_Click
-     : play == SimPlay::stage2 ? Menu402_Click
-     : play == SimPlay::stage3 ? Menu403_Click
-                               : Menu404_Click)();
-}
-
-void FreshProgram() {
-    headless::Reset();
-    headless::TheHost().stepPerReading = 13;
-    game = GameState{};
-    MainForm = MainFormType{};
-    game.ScreenW = 320;
-    game.ScreenH = 480;
-    LoadMainForm();
-    stageWatcher = {SpawnLost};
-    run = {};
-}
-
 double ProcessorSeconds() {
     return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
 }
 
-// Runs the game that is set up; the title and its pauses are left out.
-void PlayGame() {
+// Plays to the end of the routine or of the program, which is told as an error.
+void PlayBy(void (*routine)(), SimReport& report) {
     const double start = ProcessorSeconds();
     try {
-        GameLoop();
-    } catch (const EndProgram&) {
-        const auto& messages = headless::TheHost().messages;
-        run.report.error = messages.empty() ? "the program was ended" : messages.back();
+        routine();
+    } catch (const EndProgram& end) {
+        report.error = end.reason;
     }
-    run.report.seconds = ProcessorSeconds() - start;
+    report.seconds = ProcessorSeconds() - start;
 }
 
 }  // namespace
 
 SimReport Simulate(const SimOptions& options) {
-    FreshProgram();
+    FreshProgram(kClockStep);
+    stageWatcher = {SpawnLost};
+    shotWatcher = {CountBirth, CountHitter};
+    run = {};
     run.options = options;
-    run.pilot = MakePilot(options.pilot, options.seed * 7919 + 17);
-    ChoosePlay(options.play, options.level);
+    run.pilot = MakePilot(options.pilot, options.weapon, options.seed * 7919 + 17);
+    SetOptions(options.options);
+    ChooseRow(kDifficulties, &Difficulty::level, options.level);
+    ChooseRow(kPlays, &Play::number, options.play.number);
     FixSeed(options.seed);
+    gameStart = options.start;
     recorderTap = nullptr;
     if (!options.recordTo.empty()) {
-        StartRecorder(options.recordTo);
+        StartRecorder(options.recordTo, PilotLine(options));
         run.recorder = gameWatcher;
         recorderTap = GetEventTap();
     }
     gameWatcher = {GameStarted, FrameDone, GameEnded};
     SetEventTap(Tap);
-    PlayGame();
+    PlayBy(GameLoop, run.report);  // the title and its pauses are left out
     const std::string message = FinishRecorder();
     if (run.report.error.empty()) run.report.error = message;
     gameWatcher = {};
@@ -215,18 +262,16 @@ SimReport Simulate(const SimOptions& options) {
 }
 
 std::string VerifyRecording(const Recording& recording, bool anyData, SimReport& report) {
-    FreshProgram();
+    NewProgram(kClockStep);
     if (!anyData && DataDigest() != recording.dataDigest) {
         return "the data tables are not those it was recorded with";
     }
     StartReplay(recording);
-    const double start = ProcessorSeconds();
-    PlayGame();
+    report = {};
+    PlayBy(Main, report);
     const ReplayResult result = Replay();  // NOLINT(performance-unnecessary-copy-initialization): stopped below
-    report = run.report;
     report.frames = result.frame;
     report.score = game.Score;
-    report.seconds = ProcessorSeconds() - start;
     StopReplay();
     if (result.state == ReplayState::finished) return {};
     if (result.message.empty()) return report.error;

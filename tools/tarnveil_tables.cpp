@@ -7,20 +7,17 @@
 #include <string>
 #include <vector>
 
-#include "check_tables.h"
+#include "author/check_tables.h"
+#include "author/tables.h"
+#include "command_line/command_line.h"
 #include "dump_tables.h"
 #include "host/files.h"
 #include "lua_tables.h"
-#include "tables.h"
 
 namespace {
 
-constexpr const char* kUsage =
-    "tarnveil-tables build SOURCE_DIR OUT_DIR   Lua sources -> the six .DAT files\n"
-    "tarnveil-tables dump IN_DIR OUT_DIR|-      the six .DAT files -> Lua sources, or all of them printed\n"
-    "tarnveil-tables check DIR                  what is wrong in the six .DAT files\n";
-
-constexpr int kDone = 0, kFailed = 1, kMisused = 2;
+using command_line::kDone;
+using command_line::kFailed;
 
 int Fail(const std::string& message) {
     fprintf(stderr, "tarnveil-tables: %s\n", message.c_str());
@@ -43,7 +40,7 @@ int WriteSources(const std::vector<LuaSource>& sources, const std::string& folde
     for (const LuaSource& source : sources) {
         const std::string path = folder + "/" + source.name;
         const auto* bytes = reinterpret_cast<const std::uint8_t*>(source.text.data());
-        const std::string reason = WriteFileKeepingTail(path, {bytes, source.text.size()});
+        const std::string reason = WriteWholeFile(path, {bytes, source.text.size()});
         if (!reason.empty()) return Fail(path + ": " + reason);
     }
     return kDone;
@@ -68,13 +65,46 @@ int Check(const std::string& folder) {
     return findings.empty() ? kDone : kFailed;
 }
 
+// One line each: the name of the source, the frame, the name of the passage.
+int PrintPassages(const std::string& folder) {
+    const auto built = std::make_unique<BuiltTables>();
+    const std::string fault = BuildTables(folder, *built);
+    if (!fault.empty()) return Fail(fault);
+    for (const Passage& passage :
+         std::span(built->passages.list).first(static_cast<std::size_t>(built->passages.count))) {
+        const std::string source = StageTable(static_cast<std::size_t>(passage.stage)).source;
+        printf("%s %d %s\n", source.substr(0, source.find('.')).c_str(), passage.frame, passage.name);
+    }
+    return kDone;
+}
+
+void AddFolders(CLI::App& command, std::string& from, std::string& to, const CLI::Validator& target) {
+    command.add_option("FROM_DIR", from, "where they are read")
+        ->type_name("")
+        ->required()
+        ->check(CLI::ExistingDirectory);
+    command.add_option("TO_DIR", to, "where they are written")->type_name("")->required()->check(target);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::vector<std::string> words(argv + 1, argv + argc);
-    if (words.size() == 3 && words[0] == "build") return Build(words[1], words[2]);
-    if (words.size() == 3 && words[0] == "dump") return Dump(words[1], words[2]);
-    if (words.size() == 2 && words[0] == "check") return Check(words[1]);
-    fputs(kUsage, stderr);
-    return kMisused;
+    command_line::App app("tarnveil-tables", 1, "Makes and checks the tables of Tarnveil's stages.");
+    std::string from, to;
+    CLI::App* build = app.add_subcommand("build", "make the six .DAT files from Lua sources");
+    AddFolders(*build, from, to, CLI::ExistingDirectory);
+    CLI::App* dump = app.add_subcommand("dump", "write the six .DAT files as Lua sources; to - prints them");
+    AddFolders(*dump, from, to, CLI::ExistingDirectory | CLI::IsMember({"-"}));
+    CLI::App* check = app.add_subcommand("check", "say what is wrong in the six .DAT files");
+    check->add_option("DIR", from, "where they are")->type_name("")->required()->check(CLI::ExistingDirectory);
+    CLI::App* passages = app.add_subcommand("passages", "print the named passages of stages in Lua sources");
+    passages->add_option("DIR", from, "where the sources are")
+        ->type_name("")
+        ->required()
+        ->check(CLI::ExistingDirectory);
+    app.require_subcommand(1);
+    if (const auto ended = app.Read(argc, argv)) return *ended;
+    if (build->parsed()) return Build(from, to);
+    if (passages->parsed()) return PrintPassages(from);
+    return dump->parsed() ? Dump(from, to) : Check(from);
 }

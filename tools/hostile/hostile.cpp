@@ -7,17 +7,21 @@
 #include <fstream>
 #include <vector>
 
+#include "combat/enemy_move.h"
+#include "fresh_program.h"
 #include "host/headless/headless.h"
 #include "host/window.h"
 #include "platform/events.h"
-#include "platform/folder.h"
-#include "platform/input_state.h"
-#include "platform/joystick_input.h"
 #include "shell/game_loop.h"
-#include "shell/main_form.h"
-#include "shell/random.h"
-#include "stage/byte_order.h"
 #include "stage/data_files.h"
+#include "stage/plays.h"
+#include "stage/stage_script.h"
+#include "state/main_form.h"
+#include "state/options.h"
+#include "state/random.h"
+#include "toolkit/byte_order.h"
+#include "toolkit/folder.h"
+#include "toolkit/input_state.h"
 
 namespace {
 
@@ -65,12 +69,14 @@ Single AnySingle(Source& in, const Wildness& wild, int span) {
 std::vector<std::uint8_t> AnyStage(Source& in, const Wildness& wild) {
     StageDataType table[kStageEntries];
     for (StageDataType& e : table) {
-        e = {AnySingle(in, wild, 1400), AnySingle(in, wild, 400), static_cast<Integer>(in.BulkBelow(52)),
+        e = {AnySingle(in, wild, 1400), AnySingle(in, wild, 400), static_cast<Integer>(in.BulkBelow(kEnemyKinds + 2)),
              static_cast<Integer>(in.BulkBelow(12)), static_cast<Byte>(in.BulkBelow(6))};
-        if (in.BulkBelow(256) < wild.commands) e.No = static_cast<Integer>(239 + in.BulkBelow(19));
+        if (in.BulkBelow(256) < wild.commands)
+            e.No = static_cast<Integer>(kFirstCommand + in.BulkBelow(kRepeat - kFirstCommand + 2));
         if (in.BulkBelow(256) < wild.values) e.No = static_cast<Integer>(in.Bulk());
         if (in.BulkBelow(256) < wild.values) e.Counter = static_cast<Integer>(in.Bulk());
-        if (e.No == 256) e.X = static_cast<Single>(in.BulkBelow(520)), e.Y = static_cast<Single>(in.BulkBelow(4));
+        if (e.No == kRepeat)
+            e.X = static_cast<Single>(in.BulkBelow(kStageEntries + 7)), e.Y = static_cast<Single>(in.BulkBelow(4));
     }
     return EncodeStageData(table);
 }
@@ -79,11 +85,11 @@ std::vector<std::uint8_t> AnyKinds(Source& in, const Wildness& wild) {
     EnemyDataType table[kEnemyKinds];
     for (EnemyDataType& k : table) {
         k = {static_cast<Integer>(in.BulkBelow(700)),
-             static_cast<Integer>(in.BulkBelow(520)),
+             static_cast<Integer>(in.BulkBelow(kStageEntries + 7)),
              static_cast<Integer>(in.BulkBelow(100)),
              static_cast<Integer>(in.BulkBelow(100)),
              static_cast<Byte>(in.BulkBelow(4)),
-             static_cast<Byte>(in.BulkBelow(51)),
+             static_cast<Byte>(in.BulkBelow(kMovePatterns + 1)),
              static_cast<Byte>(in.Bulk())};
         for (Integer* field : {&k.SX, &k.SY, &k.Width, &k.Height}) {
             if (in.BulkBelow(256) < wild.values) *field = static_cast<Integer>(in.Bulk());
@@ -97,10 +103,10 @@ std::vector<std::uint8_t> AnyMoves(Source& in, const Wildness& wild) {
     for (auto& pattern : table) {
         for (EneMoveType& step : pattern) {
             step = {AnySingle(in, wild, 24), AnySingle(in, wild, 24), static_cast<Byte>(in.BulkBelow(9)),
-                    static_cast<Byte>(in.BulkBelow(14))};
+                    static_cast<Byte>(in.BulkBelow(kLastFireCode + 3))};
             if (in.BulkBelow(256) < wild.commands) {
-                step.Flag = static_cast<Byte>(253 + in.BulkBelow(3));
-                step.DX = static_cast<Single>(in.BulkBelow(262)) - 3;
+                step.Flag = static_cast<Byte>(kJump + in.BulkBelow(kEndOfEnemy - kJump + 1));
+                step.DX = static_cast<Single>(in.BulkBelow(kMoveSteps + 6)) - 3;
             }
         }
     }
@@ -122,7 +128,7 @@ void WriteTables(Source& in, const std::string& folder) {
         if (in.Chance(1)) bytes.resize(in.Below(static_cast<unsigned>(bytes.size())));
         WriteFile(path, bytes);
     };
-    for (const Byte digest : std::initializer_list<Byte>{0, 2, 3, 4}) put(StageFileOf(digest), AnyStage(in, wild));
+    for (const Play& play : kPlays) put(play.file, AnyStage(in, wild));
     put(kEnemyDataFile, AnyKinds(in, wild));
     put(kEneMoveFile, AnyMoves(in, wild));
     put("\\Wave1.wav", std::vector<std::uint8_t>(in.Below(50), 7));
@@ -147,7 +153,7 @@ int limit = 0;
 std::clock_t frameStart = 0;
 
 // Random keys, joystick readings and menu clicks; at the limit, the way out.
-void Play(std::vector<InputEvent>& events) {
+void Steer(std::vector<InputEvent>& events) {
     using enum InputEvent::Kind;
     constexpr int kKeys[] = {VK_UP, VK_DOWN, VK_LEFT, VK_RIGHT, VK_X, VK_Z, VK_SPACE};
     if (report.frames >= limit || game.AllClear != False) {
@@ -182,21 +188,13 @@ void FrameDone() {
     if (input->Chance(1)) SpoilPictures(*input);
 }
 
-void FreshProgram(Source& in, const std::string& folder) {
-    headless::Reset();
-    headless::TheHost().stepPerReading = 25;
-    game = GameState{};
-    MainForm = MainFormType{};
+void StartProgram(Source& in, const std::string& folder) {
+    constexpr std::uint32_t kClockStep = 25;
+    FreshProgram(kClockStep);
     SetProgramFolder(folder);
-    game.ScreenW = 320;
-    game.ScreenH = 480;
-    LoadMainForm();
-    InitJoystick();
     if (in.Chance(128)) EnableAuthorMenus();
-    constexpr void (*kLevels[])() = {MENU101_Click, MENU102_Click, MENU103_Click};
-    constexpr void (*kPlays[])() = {Menu401_Click, Menu402_Click, Menu403_Click, Menu404_Click};
-    kLevels[in.Below(3)]();
-    kPlays[in.Below(4)]();
+    ClickMenu(MainForm.*kDifficulties[in.Below(std::size(kDifficulties))].item);
+    ClickMenu(MainForm.*kPlays[in.Below(std::size(kPlays))].item);
     FixSeed(in.Bulk());
 }
 
@@ -207,18 +205,15 @@ HostileReport PlayHostileGame(std::span<const std::uint8_t> bytes, const std::st
     input = &in;
     report = {};
     limit = frameLimit;
-    FreshProgram(in, folder);
+    StartProgram(in, folder);
     WriteTables(in, folder);
     gameWatcher = {Started, FrameDone, nullptr};
-    SetEventTap(Play);
+    SetEventTap(Steer);
     try {
         GameLoop();
         report.ended = true;
     } catch (const EndProgram&) {
     }
-    SetEventTap(nullptr);
-    gameWatcher = {};
-    UseClockSeed();
     return report;
 }
 

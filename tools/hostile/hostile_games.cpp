@@ -1,15 +1,17 @@
-// hostile_games [--frames N]: plays random hostile games until N frames are played. Prints where games ended; fails
-// when a frame takes far longer than a frame may.
+// hostile_games: plays random hostile games until enough frames are played. Prints where games ended; fails when a
+// frame takes far longer than a frame may.
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
-#include <vector>
 
+#include "command_line/command_line.h"
 #include "hostile.h"
 
 int main(int argc, char** argv) {
-    const long wanted = argc == 3 && std::string(argv[1]) == "--frames" ? std::atol(argv[2]) : 20000;
+    long wanted = 20000;
+    command_line::App app("hostile_games", 1, "Plays Tarnveil on hostile data.");
+    command_line::AddNumber(app, "--frames", wanted, 1, 1'000'000'000, "play at least N frames");
+    if (const auto ended = app.Read(argc, argv)) return *ended;
     constexpr int kFramesPerGame = 600;
     constexpr double kLongestFrame = 1.0;  // seconds, sanitizers included
     const std::string folder = MakeHostileFolder();
