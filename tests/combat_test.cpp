@@ -13,10 +13,12 @@
 #include "combat/my_shots.h"
 #include "combat/ship_hits.h"
 #include "platform/events.h"
-#include "platform/surface.h"
-#include "shell/random.h"
+#include "platform/joystick_input.h"
+#include "shell/menus.h"
 #include "stage/faults.h"
+#include "state/random.h"
 #include "test_game.h"
+#include "toolkit/surface.h"
 
 namespace {
 
@@ -173,6 +175,8 @@ TEST_F(CombatTest, FixedFireCodesPutTheirShotsAtTheirPlaces) {
     };
     game.EnemyData[0] = {0, 0, 25, 51, 0, 0, 0};
     game.Level = 5;
+    for (const Integer outside : std::array<Integer, 2>{-1, kEnemySlots}) SetEneShot(outside, 2);
+    EXPECT_EQ(0, ShotsInFlight());
     for (const Born& b : {Born{2, 2, 1, 0, 108.5F, 241, 0, 14.5F, false},
                           {8, 8, 5, 1, 88.5F, 221, -4, 20, false},
                           {8, 7, 5, 4, 222, 251, 0, 6, true},
@@ -305,6 +309,25 @@ TEST_F(CombatTest, ShotsAreDrawnBeforeTheyMoveAndCountersStopAt255) {
     EXPECT_EQ(50, unknown.X) << "a kind that does not exist is left untouched";
 }
 
+TEST_F(CombatTest, ShotsAreDrawnWithTheirMasksAndOverTheirTrails) {
+    Surface& sheet = MainForm.EneShotPic;
+    for (std::size_t i = 0; i < sheet.image.size(); ++i) sheet.image[i] = static_cast<Color>(i * 977) & 0xFFFFFF;
+    for (Color& pixel : MainForm.Crt.image) pixel = 0x345678;
+    Surface wanted = MainForm.Crt;
+    PutShot(0, 4, 50, 60);
+    BitBlt(wanted, 50, 60, 32, 32, sheet, 0, 48, SRCAND);
+    BitBlt(wanted, 50, 60, 32, 32, sheet, 0, 16, SRCPAINT);
+    EneShotType& comet = PutShot(1, 7, 100, 200);
+    for (int k = 0; k < static_cast<int>(std::size(comet.TX)); ++k) {
+        comet.TX[k] = static_cast<Single>(20 * k), comet.TY[k] = 300;
+        BitBlt(wanted, 20 * k, 300, 16, 16, sheet, 64, 16 * k, SRCPAINT);
+    }
+    BitBlt(wanted, 100, 200, 16, 16, sheet, 48, 32, SRCAND);
+    BitBlt(wanted, 100, 200, 16, 16, sheet, 32, 32, SRCPAINT);
+    MoveEneShot();
+    EXPECT_EQ(wanted.image, MainForm.Crt.image);
+}
+
 TEST_F(CombatTest, TheHitBoxIsOpenOnAllSides) {
     game.MyX = 100, game.MyY = 200;  // 116..148, 224..242
     struct Case {
@@ -432,6 +455,19 @@ TEST_F(CombatTest, VolleysLeaveEveryThirdFrameWhileTheKeyIsHeld) {
     EXPECT_EQ(1, game.MyShot[4].Used);
 }
 
+TEST_F(CombatTest, TheSecondButtonFiresAndTheFirstChangesTheMode) {
+    for (const unsigned buttons : {0u, 1u, 2u, 4u, 8u}) {
+        headless::MoveJoystick(0, 0, 0, buttons);
+        DoEvents();
+        InitJoystick();
+        game.ShotMode = 0, game.MyShotWait = 2, game.MyShot[0].Used = 0;
+        SetMyShot();
+        EXPECT_EQ(buttons == 2 ? 1 : 0, game.MyShot[0].Used) << buttons;
+        ChangeShotMode();
+        EXPECT_EQ(buttons == 1 ? 1 : 0, game.ShotMode) << buttons;
+    }
+}
+
 TEST_F(CombatTest, ASpreadVolleyNeedsAWholeFreeGroup) {
     headless::KeyDown(VK_X);
     DoEvents();
@@ -527,6 +563,7 @@ TEST_F(CombatTest, TheHitAreaIsOpenAndOneShotHitsEverythingItTouches) {
     game.Score = 0, game.HiScore = 15;
     PutEnemy(1, 3, 90, 100, 1);
     PutEnemy(2, 4, 105, 95, 1);
+    PutEnemy(30, 4, 200, 200, 1);
     PutEnemy(31, 4, 105, 95, 1);
     EXPECT_EQ(1, HitEnemy(110, 110));
     EXPECT_EQ(2, game.Enemy[1].State);
@@ -534,6 +571,7 @@ TEST_F(CombatTest, TheHitAreaIsOpenAndOneShotHitsEverythingItTouches) {
     EXPECT_EQ(1, game.Enemy[31].State) << "never processed";
     EXPECT_EQ(20, game.Score);
     EXPECT_EQ(20, game.HiScore);
+    EXPECT_EQ(1, HitEnemy(205, 215)) << "the last slot that is";
     game.Score = std::numeric_limits<Long>::max() - 3;
     PutEnemy(1, 3, 90, 100, 1);
     HitEnemy(110, 110);

@@ -58,6 +58,20 @@ TEST_F(MoveEditor, ABadFieldTakesTheMoveBack) {
     }
 }
 
+TEST_F(MoveEditor, PassingEveryShippedStepChangesNothing) {
+    SetProgramFolder(std::string(TARNVEIL_ASSETS) + "/data");
+    Open(MainForm.Menu203, [](Form& form) {
+        const GameState expected = game;
+        for (int step = 0; step < kMoveSteps; ++step) {
+            SetScrollValue(form, "HScroll1", step);
+            for (int i = 1; i < kMovePatterns; ++i) {
+                SetScrollValue(form, "VScroll1", step % 2 == 0 ? i : kMovePatterns - 1 - i);
+            }
+        }
+        EXPECT_TRUE(expected == game);
+    });
+}
+
 TEST_F(MoveEditor, PassingAStepStoresItsShownText) {
     game.EneMove[0][1].DX = std::nextafter(1.0f, 2.0f);
     game.EneMove[0][2].DX = NAN;

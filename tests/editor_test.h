@@ -7,10 +7,10 @@
 #include <iterator>
 #include <vector>
 
-#include "platform/folder.h"
-#include "platform/forms.h"
 #include "stage/data_files.h"
 #include "test_game.h"
+#include "toolkit/folder.h"
+#include "toolkit/forms.h"
 
 using Bytes = std::vector<std::uint8_t>;
 using Texts = std::vector<std::string>;

@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include <cstring>
+#include <sstream>
 
 #include "editor_test.h"
 #include "stage/stage_script.h"
@@ -69,6 +70,24 @@ TEST_F(EditorWindow, OpensInTheMiddleOnTheFirstRecord) {
     EXPECT_TRUE(before == game);  // read anew, and nothing typed
     game.StageData[0].No = 99;
     Open(MainForm.Menu201, [&](Form& form) { EXPECT_EQ("99", form["Text3"].Text); });  // reads no file
+}
+
+// The windows' designs as text, beside the recorded games.
+TEST_F(EditorWindow, LiesAsItWasDesigned) {
+    for (const auto& w : windows) {
+        std::ostringstream design;
+        Open(w.item, [&](Form& form) {
+            design << form.Name << " '" << form.Caption << "' " << form.ClientWidth << ' ' << form.ClientHeight << '\n';
+            for (const Control& c : form.Design()) {
+                design << static_cast<int>(c.Kind) << ' ' << c.Name << ' ' << c.At.Left << ' ' << c.At.Top << ' '
+                       << c.At.Width << ' ' << c.At.Height << " tab " << c.TabIndex << " '" << c.Caption << "' '"
+                       << c.Text << "' " << c.Container << ' ' << c.RightAligned << ' ' << c.Min << ".." << c.Max << ' '
+                       << c.Value << ' ' << c.SmallChange << ' ' << c.LargeChange << '\n';
+            }
+        });
+        std::ifstream file(TARNVEIL_TESTS "/forms/" + std::string(w.item.Name) + ".txt");
+        EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), design.str());
+    }
 }
 
 TEST_F(EditorWindow, LoadingStaysAtTheRecordAndDropsWhatWasTyped) {

@@ -1,6 +1,9 @@
 // Keys, directions, the joystick and the menu bar.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+
 #include "host/window.h"
 #include "platform/events.h"
 #include "platform/joystick_input.h"
@@ -70,7 +73,7 @@ TEST_F(InputTest, LosingTheKeyboardLetsAllKeysGoButKeepsTaps) {
 TEST_F(InputTest, ProbeTakesTheFirstJoystickThatAnswersAndItsRestPosition) {
     InitJoystick();
     EXPECT_EQ(False, game.JoyUse);
-    EXPECT_EQ(8, game.JoyButtonMask[4]);
+    EXPECT_TRUE(std::ranges::equal(std::array{0, 1, 2, 4, 8}, game.JoyButtonMask));
 
     headless::MoveJoystick(1, 30000, 31000);
     DoEvents();

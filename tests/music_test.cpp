@@ -8,12 +8,12 @@
 
 #include "host/window.h"
 #include "platform/events.h"
-#include "platform/folder.h"
 #include "shell/ending.h"
 #include "shell/title_screen.h"
 #include "stage/load_stage.h"
 #include "stage/player.h"
 #include "test_game.h"
+#include "toolkit/folder.h"
 
 namespace {
 

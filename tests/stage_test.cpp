@@ -9,16 +9,17 @@
 #include "host/files.h"
 #include "host/window.h"
 #include "platform/events.h"
-#include "platform/resources.h"
 #include "platform/screen.h"
-#include "shell/random.h"
+#include "shell/menus.h"
 #include "stage/data_files.h"
 #include "stage/faults.h"
 #include "stage/load_stage.h"
 #include "stage/player.h"
 #include "stage/stage_script.h"
 #include "stage/stars.h"
+#include "state/random.h"
 #include "test_game.h"
+#include "toolkit/resources.h"
 
 namespace {
 
@@ -61,7 +62,7 @@ TEST_F(GameTest, TablesAreExactImagesOfTheirFiles) {
          {std::pair{"STAGE2.DAT", 6669u}, {"EnemyData.DAT", 550u}, {"EneMove.DAT", 128000u}}) {
         std::vector<std::uint8_t> bytes(size + 5);
         for (auto& byte : bytes) byte = static_cast<std::uint8_t>(random() & 0x3F);  // no NaN
-        ASSERT_EQ("", WriteFileKeepingTail((folder / name).string(), bytes));
+        ASSERT_EQ("", WriteWholeFile((folder / name).string(), bytes));
     }
     ASSERT_EQ("", ReadStageData("\\STAGE2.DAT") + ReadEnemyData() + ReadEneMove());
     const auto before = ReadWholeFile((folder / "EneMove.DAT").string()).bytes;
@@ -129,6 +130,7 @@ TEST_F(GameTest, EachPlayStartsWithItsStageMusicAndBackground) {
         EXPECT_EQ(c.level, game.Level);
         EXPECT_EQ((std::vector<std::string>{"close", "open " + folder.string() + "/" + c.music, "play"}), host.audio);
         EXPECT_EQ(c.background, MainForm.B_Crt.HasPicture);
+        if (c.background) EXPECT_TRUE(std::ranges::equal(LoadResPicture(101).pixels, MainForm.B_Crt.image));
         EXPECT_EQ(0, game.Score);
         EXPECT_EQ(0, game.Enemy[25].State);
         EXPECT_EQ(1, game.Enemy[31].State) << "slots above EnemyMax keep what they hold";
@@ -151,6 +153,10 @@ TEST_F(GameTest, AMissingSoundIsCreatedEmpty) {
     LoadStage();
     EXPECT_EQ(std::vector<Byte>{0}, game.Wave2Data);
     EXPECT_EQ(0u, std::filesystem::file_size(folder / "Wave2.wav"));
+    std::filesystem::remove(folder / "Wave2.wav");
+    std::filesystem::create_directory(folder / "Wave2.wav");
+    LoadStage();
+    EXPECT_TRUE(host.log.back().starts_with("Wave2.wav: cannot be read")) << host.log.back();
 }
 
 TEST_F(StageTest, TheDirectionsGoRoundInStepsOf225Degrees) {
@@ -299,6 +305,7 @@ TEST_F(StageTest, TheLastBossEmptiesTheSkyAndTurnsTheStars) {
     RunScript(1);
     EXPECT_EQ(yields + 1, host.yields);
     EXPECT_FALSE(MainForm.EnemyPic.HasPicture || MainForm.BomPic128.HasPicture || MainForm.B_Crt.HasPicture);
+    EXPECT_EQ(32, MainForm.EnemyPic.Width);
     EXPECT_EQ(True, game.StarReverse);
 }
 
@@ -356,7 +363,8 @@ TEST_F(StageTest, ADigestPlayEndsAtItsFirstStageChangeAndAGameOverNeverLeavesIt)
 }
 
 TEST_F(StageTest, FaultyTablesArePassedOverAndBounded) {
-    SetEntries({Enemy(50), Enemy(238), Enemy(-5), Enemy(1), Command(256, 900, 5, 5), Enemy(2), Pause(9999)});
+    SetEntries(
+        {Enemy(50), Enemy(238), Enemy(-5), Enemy(239), Enemy(1), Command(256, 900, 5, 5), Enemy(2), Pause(9999)});
     RunScript(3);
     EXPECT_EQ(2, Alive());
     EXPECT_EQ(3, FaultsSeen(Fault::noSuchKind));
@@ -510,6 +518,24 @@ TEST_F(StageTest, TheBackgroundScrollsAsAnEndlessLoopAndErasesTheFrame) {
     RemovePicture(MainForm.B_Crt);
     ScrollBackground();
     EXPECT_EQ(320 * 480, std::count(MainForm.Crt.image.begin(), MainForm.Crt.image.end(), kBlack));
+}
+
+TEST_F(StageTest, TheBannerNamesTheStage) {
+    struct Word {
+        int x, y, width, height, fromX, fromY;
+    };
+    const auto expectWords = [](int stage, std::initializer_list<Word> words) {
+        Cls(MainForm.Crt);
+        Surface wanted = MainForm.Crt;
+        for (const auto& [x, y, width, height, fromX, fromY] : words)
+            BitBlt(wanted, x, y, width, height, MainForm.MessagePic, fromX, fromY, SRCPAINT);
+        game.StageNo = static_cast<Integer>(stage);
+        game.MessageCount = 50;
+        DrawMessages();
+        EXPECT_EQ(wanted.image, MainForm.Crt.image) << stage;
+    };
+    expectWords(0, {{80, 180, 172, 48, 0, 0}, {35, 228, 272, 48, 0, 96}});
+    for (int n = 1; n <= 5; ++n) expectWords(n, {{60, 200, 180, 50, 0, 0}, {230, 200, 48, 48, 48 * (n - 1), 144}});
 }
 
 TEST_F(StageTest, TheBannerShowsFromFrame20To100AndGameOverHidesTheClearMessage) {

@@ -1,14 +1,16 @@
 // Rectangle copies, sprites and surfaces as the drawing routines rely on them.
-#include "platform/surface.h"
+#include "toolkit/surface.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
 #include <random>
 
-#include "platform/resources.h"
+#include "toolkit/resources.h"
+#include "toolkit/text.h"
 
 namespace {
 
@@ -99,6 +101,24 @@ TEST(BlitSprite, IsMaskThenPaintAlsoWhereTheMaskLeavesTheSheet) {
     }
 }
 
+TEST(SetPixelV, SetsWhatLiesInside) {
+    Surface surface = MakeSurface(3, 2, kBlack);
+    for (const int x : {-1, 0, 2, 3}) {
+        for (const int y : {-1, 0, 1, 2}) SetPixelV(surface, x, y, kRed);
+    }
+    EXPECT_EQ((std::vector<Color>{kRed, kBlack, kRed, kRed, kBlack, kRed}), surface.image);
+}
+
+TEST(PrintText, ShowsABoxForACharacterTheFontDoesNotHave) {
+    const int height = StatusFont().height, width = StatusFont().missing.width;
+    Surface surface = MakeSurface(40, 40, kBlack);
+    surface.ForeColor = kRed;
+    PrintText(surface, 0, 0, "\uFFFF");
+    EXPECT_EQ(2 * width + 2 * (height - 4), std::count(surface.image.begin(), surface.image.end(), kRed));
+    for (const int x : {0, width - 1}) EXPECT_EQ(kRed, surface.Row(3)[x]);
+    for (const int y : {1, height - 2}) EXPECT_EQ(kRed, surface.Row(y)[width / 2]);
+}
+
 TEST(Surface, ShowsItsBackgroundWhereNoPictureCovers) {
     const Picture red{4, 2, std::vector<Color>(8, kRed)};
     Surface surface = MakeSurface(3, 5, kBlue);
@@ -172,9 +192,28 @@ TEST(Pictures, EveryBuiltInPictureHasItsExactSize) {
     }
 }
 
+TEST(Pictures, EveryColourComesFromItsOwnPixel) {
+    std::vector<std::uint8_t> bmp = {'B', 'M', 62, 0, 0, 0, 0, 0, 0, 0, 54, 0, 0, 0,  40,
+                                     0,   0,   0,  2, 0, 0, 0, 1, 0, 0, 0,  1, 0, 24, 0};
+    bmp.resize(54);
+    bmp.insert(bmp.end(), {1, 2, 3, 4, 5, 6, 0, 0});  // blue, green, red
+    std::string reason;
+    EXPECT_EQ((std::vector<Color>{0x030201, 0x060504}), DecodePicture(bmp, reason).pixels) << reason;
+}
+
 // Broken image files must be refused, not read past their end; the sanitizer builds watch.
 TEST(Pictures, DamagedFilesAreRefusedOrDecodedWithoutHarm) {
     std::mt19937 random(10);
+    const std::uint8_t noFrame[] = {'G', 'I', 'F', '8', '9', 'a', 4, 0, 4, 0, 0, 0, 0, ';'};
+    std::string none;
+    EXPECT_TRUE(DecodePicture(noFrame, none).pixels.empty());
+    EXPECT_NE("", none);
+    const std::uint8_t noWidth[] = {'B', 'M', 0, 0, 0,  0, 0, 0, 0, 0, 54, 4, 0, 0, 40, 0, 0,   0,
+                                    0,   0,   0, 0, 38, 0, 0, 0, 1, 0, 8,  0, 0, 0, 0,  0, 196, 14,
+                                    0,   0,   0, 0, 0,  0, 0, 0, 0, 0, 0,  0, 0, 0, 0,  0, 0,   0};
+    none.clear();
+    EXPECT_TRUE(DecodePicture(noWidth, none).pixels.empty());
+    EXPECT_NE("", none);
     for (const char* name : {"pictures/300.bmp", "pictures/EneShotPic.gif"}) {
         const auto whole = BuiltInFile(name);
         ASSERT_FALSE(whole.empty());

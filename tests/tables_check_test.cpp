@@ -1,7 +1,7 @@
 // What tarnveil-tables check finds.
 #include <functional>
 
-#include "check_tables.h"
+#include "author/check_tables.h"
 #include "tables_fixture.h"
 
 namespace {
@@ -32,12 +32,29 @@ struct Spoilt {
     std::vector<std::string> findings;
 };
 
+void PrintTo(const Spoilt& spoilt, std::ostream* out) {
+    *out << testing::PrintToString(spoilt.findings);
+}
+
 class TablesCheckFinds : public testing::TestWithParam<Spoilt> {};
 
 TEST_P(TablesCheckFinds, OneLineForEachFault) {
     auto tables = std::make_unique<Tables>(CleanTables());
     GetParam().spoil(*tables);
     EXPECT_EQ(GetParam().findings, CheckTables(*tables));
+}
+
+std::string NameOf(const testing::TestParamInfo<Spoilt>& info) {
+    const auto& findings = info.param.findings;
+    return CaseName(info.index, findings.empty() ? "_clean" : findings[0]);
+}
+
+std::function<void(Tables&)> Step(int pattern, int step, EneMoveType wanted) {
+    return [=](Tables& t) { t.EneMove[pattern][step] = wanted; };
+}
+
+std::function<void(Tables&)> Entry(int stage, int entry, StageDataType wanted) {
+    return [=](Tables& t) { t.Stages[stage][entry] = wanted; };
 }
 
 // How the clean tables are changed -> the lines that are expected.
@@ -61,28 +78,18 @@ const Spoilt kKinds[] = {
     {[](Tables& t) { t.EnemyData[0].MoveNo = 1; }, {"EnemyData.DAT: kind 0: stays for ever: pattern 1 never ends"}},
     {[](Tables& t) { t.EnemyData[37].MoveNo = 0, t.EneMove[0][0].Anime = 0; },
      {"EnemyData.DAT: kind 37: a boss that leaves: pattern 0 ends"}}};
-INSTANTIATE_TEST_SUITE_P(Kinds, TablesCheckFinds, testing::ValuesIn(kKinds));
+INSTANTIATE_TEST_SUITE_P(Kinds, TablesCheckFinds, testing::ValuesIn(kKinds), NameOf);
 
 const Spoilt kPatterns[] = {
     {[](Tables& t) { t.EneMove[0][2].Flag = 0; },
      {"EneMove.DAT: pattern 0, step 255: the script runs past its last step"}},
-    {[](Tables& t) {
-         t.EneMove[0][2] = {256, 0, 0, 253};
-     },
+    {Step(0, 2, {256, 0, 0, 253}), {"EneMove.DAT: pattern 0, step 2: leads outside the steps 0..255"}},
+    {Step(0, 2, {255, 0, 0, 253}),  // 255 gives its movement, then 256 comes
      {"EneMove.DAT: pattern 0, step 2: leads outside the steps 0..255"}},
-    {[](Tables& t) {
-         t.EneMove[0][2] = {255, 0, 0, 253};
-     },  // 255 gives its movement, then 256 comes
-     {"EneMove.DAT: pattern 0, step 2: leads outside the steps 0..255"}},
-    {[](Tables& t) {
-         t.EneMove[0][1] = {-1, 1, 0, 254};
-     },
+    {Step(0, 1, {-1, 1, 0, 254}),
      {"EneMove.DAT: pattern 0, step 1: leads outside the steps 0..255",
       "EneMove.DAT: pattern 0, steps 2: never reached"}},
-    {[](Tables& t) {
-         t.EneMove[0][1] = {300, 0, 0, 254};
-     },
-     {}},  // a repeat of no times goes nowhere
+    {Step(0, 1, {300, 0, 0, 254}), {}},  // a repeat of no times goes nowhere
     {[](Tables& t) { t.EneMove[0][5].DX = t.EneMove[0][6].DX = t.EneMove[0][9].DX = 1; },
      {"EneMove.DAT: pattern 0, steps 5..6, 9: never reached"}},
     {[](Tables& t) {
@@ -91,9 +98,13 @@ const Spoilt kPatterns[] = {
      {}},  // jumped to for its movement
     {[](Tables& t) { t.EneMove[0][0].Flag = 2; },
      {"EneMove.DAT: pattern 0, step 0: no move step: the enemy first shows the frame of another one"}},
+    {[](Tables& t) { t.EneMove[0][0].DX = -1.2345678f, t.EneMove[1][1].DY = 4 / 3.0f; },
+     {"EneMove.DAT: pattern 0, steps 0: more than the seven digits that the editors keep",
+      "EneMove.DAT: pattern 1, steps 1: more than the seven digits that the editors keep"}},
+    {[](Tables& t) { t.EneMove[0][0].DX = 1.333333f, t.EneMove[0][0].DY = -1e-5f; }, {}},
     {[](Tables& t) { t.EneMove[9][0].DY = 1; },
      {"EneMove.DAT: pattern 9, step 255: the script runs past its last step"}}};
-INSTANTIATE_TEST_SUITE_P(Patterns, TablesCheckFinds, testing::ValuesIn(kPatterns));
+INSTANTIATE_TEST_SUITE_P(Patterns, TablesCheckFinds, testing::ValuesIn(kPatterns), NameOf);
 
 // Repeats do not nest: the inner one uses up the count of the outer one, which then starts anew, for ever.
 TEST(TablesCheck, PlaysRepeatsAsTheGameDoes) {
@@ -110,35 +121,21 @@ TEST(TablesCheck, PlaysRepeatsAsTheGameDoes) {
 }
 
 const Spoilt kStages[] = {
+    {[](Tables& t) { t.Stages[1][0].X = t.Stages[1][2].Y = 100 / 3.0f; },
+     {"STAGE2.DAT: entries 0, 2: more than the seven digits that the editors keep"}},
     {[](Tables& t) { t.Stages[0][0].No = 50; }, {"STAGE1.DAT: entry 0: there is no kind 50"}},
     {[](Tables& t) { t.Stages[0][0].No = -1; }, {"STAGE1.DAT: entry 0: there is no kind -1"}},
     {[](Tables& t) { t.Stages[0][0].No = 3; }, {"STAGE1.DAT: kind 3 is sent in but not described"}},
-    {[](Tables& t) { t.Stages[1][0].Power = 0; }, {"STAGE2.DAT: entry 0: kind 0 enters with Power 0"}},
     {[](Tables& t) { t.Stages[2][2].No = 0; }, {"STAGE3.DAT: entry 3: waits for a boss before one is sent in"}},
     {[](Tables& t) { t.Stages[2][3].No = 254; }, {"STAGE3.DAT: entry 7: the stage ends without a wait for its boss"}},
-    {[](Tables& t) {
-         t.Stages[1][0] = {0, 0, 250, 0, 0};
-     },
-     {"STAGE2.DAT: entry 0: command 250 is passed over, because a jump leads to it"}},
-    {[](Tables& t) {
-         t.Stages[0][0] = {0, 0, 250, 0, 0};
-     },
-     {}},  // nothing leads to it
-    {[](Tables& t) {
-         t.Stages[3][4] = {0, 2, 256, 0, 2};
-     },
-     {}},
-    {[](Tables& t) {
-         t.Stages[3][4] = {513, 2, 256, 0, 2};
-     },
-     {"Attack.DAT: entry 4: repeats from entry 513, outside 0..512"}},
-    {[](Tables& t) {
-         t.Stages[3][4] = {1, 2, 256, 0, 2};
-     },
-     {"Attack.DAT: entry 1: command 250 is passed over, because a jump leads to it"}},
+    {Entry(1, 0, {0, 0, 250, 0, 0}), {"STAGE2.DAT: entry 0: command 250 is passed over, because a jump leads to it"}},
+    {Entry(0, 0, {0, 0, 250, 0, 0}), {}},  // nothing leads to it
+    {Entry(3, 4, {0, 2, 256, 0, 2}), {}},
+    {Entry(3, 4, {513, 2, 256, 0, 2}), {"Attack.DAT: entry 4: repeats from entry 513, outside 0..512"}},
+    {Entry(3, 4, {1, 2, 256, 0, 2}), {"Attack.DAT: entry 1: command 250 is passed over, because a jump leads to it"}},
     {[](Tables& t) { t.Stages[3][7].No = 254; },
      {"Attack.DAT: entry 8: the play runs past the end of the table: it never reaches 248"}}};
-INSTANTIATE_TEST_SUITE_P(Stages, TablesCheckFinds, testing::ValuesIn(kStages));
+INSTANTIATE_TEST_SUITE_P(Stages, TablesCheckFinds, testing::ValuesIn(kStages), NameOf);
 
 TEST(TablesCheck, FindsWhatComesBehindTheEnd) {
     auto tables = std::make_unique<Tables>(CleanTables());
@@ -177,11 +174,17 @@ TEST(TablesCheck, CountsEntriesByTheFrame) {
 TEST(TablesCheck, KnowsThatTheLastBossEmptiesTheSheet) {
     auto tables = std::make_unique<Tables>(CleanTables());
     tables->EnemyData[39] = {0, 0, 300, 200, 2, 1, 0};
-    tables->Stages[2][2].No = 39;
-    tables->Stages[2][4] = {0, 0, 0, 10, 1};
+    tables->Stages[3][2].No = 39;
+    tables->Stages[3][4] = {0, 0, 0, 10, 1};
     EXPECT_EQ(
-        std::vector<std::string>{"STAGE3.DAT: entry 4: kind 0 is invisible: the last boss has emptied the enemy sheet"},
+        std::vector<std::string>{"Attack.DAT: entry 4: kind 0 is invisible: the last boss has emptied the enemy sheet"},
         CheckTables(*tables));
+
+    tables->Stages[3][2].No = 37;  // in a stage that another one follows: nothing brings the sheet back
+    tables->Stages[1][2].No = 39;
+    EXPECT_EQ(std::vector<std::string>{"STAGE2.DAT: entry 2: the last boss empties the enemy sheet: "
+                                       "the enemies of STAGE3.DAT stay invisible"},
+              CheckTables(*tables));
 }
 
 TEST_F(TablesTest, ShippedTablesAreClean) {

@@ -9,11 +9,28 @@ struct Fault {
     const char* message;  // its beginning
 };
 
+// What the shell's command prints on its error stream.
+std::string Said(const std::string& command) {
+    FILE* stream = popen((command + " 2>&1 >/dev/null").c_str(), "r");
+    std::string text(1000, 0);
+    text.resize(fread(text.data(), 1, text.size(), stream));
+    pclose(stream);
+    return text;
+}
+
+void PrintTo(const Fault& fault, std::ostream* out) {
+    *out << fault.source;
+}
+
 class TableFaults : public TablesTest, public testing::WithParamInterface<Fault> {};
 
 TEST_P(TableFaults, AreToldWithFileLineAndField) {
     Write(GetParam().file, GetParam().source);
     EXPECT_EQ(GetParam().message, Build().substr(0, std::string_view(GetParam().message).size()));
+}
+
+std::string NameOf(const testing::TestParamInfo<Fault>& info) {
+    return CaseName(info.index, info.param.source);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -46,7 +63,8 @@ INSTANTIATE_TEST_SUITE_P(
         Fault{"moves.lua", "pattern(5)", "moves.lua:1: pattern: the name must be text"},
         Fault{"enemies.lua", "kind{MoveNo = 'up'}", "enemies.lua:1: kind 0, MoveNo: there is no 'up'"},
         Fault{"enemies.lua", "kind{number = 50}", "enemies.lua:1: kind 0: number 50 is not within 0..49"},
-        Fault{"enemies.lua", "kind{name = 'clear'}", "enemies.lua:1: kind 0: the name clear is taken"}));
+        Fault{"enemies.lua", "kind{name = 'clear'}", "enemies.lua:1: kind 0: the name clear is taken"}),
+    NameOf);
 
 INSTANTIATE_TEST_SUITE_P(
     Scripts, TableFaults,
@@ -54,15 +72,18 @@ INSTANTIATE_TEST_SUITE_P(
         Fault{"stage2.lua", "entry{\nPower 5}", "stage2.lua:2: "},
         Fault{"stage2.lua", "\nspwan()", "stage2.lua:2: attempt to call a nil value (global 'spwan')"},
         Fault{"stage2.lua", "error 'done'", "stage2.lua:1: done"},
-        Fault{"stage2.lua", "\nwhile true do end", "stage2.lua:2: more than 50000000 instructions"},
-        Fault{"stage2.lua", "t = 'x'\nwhile true do t = t .. t end", "stage2.lua: more than 64 MiB of memory"},
+        Fault{"stage2.lua", "\nwhile true do end", "stage2.lua:2: more than 50 million instructions"},
+        Fault{"stage2.lua", "t = 'x'\nwhile true do t = t .. t end", "stage2.lua:2: more than 64 MiB of memory"},
+        Fault{"stage2.lua", "\n\nt = ('x'):rep(1e9)", "stage2.lua:3: more than 64 MiB of memory"},
+        Fault{"moves.lua", "for i = 1, 49 do pattern(i .. ('x'):rep(1e7)) end", "moves.lua:1: pattern: the name is l"},
         Fault{"stage2.lua", "step{}", "stage2.lua:1: attempt to call a nil value (global 'step')"},
         Fault{"stage2.lua", "include 'none.lua'", "stage2.lua:1: none.lua: No such file"},
         Fault{"stage2.lua", "include '/etc/hostname'", "stage2.lua:1: include: '/etc/hostname' is neither a file of"},
         Fault{"stage2.lua", "include '../stage1.lua'", "stage2.lua:1: include: '../stage1.lua' is neither"},
         Fault{"stage2.lua", "\x1bLua", "stage2.lua: compiled code, not text"},
         Fault{"stage2.lua", "pairs{[{}] = 1}", "stage2.lua:1: pairs goes through keys that are numbers or strings"},
-        Fault{"stage2.lua", "math.randomseed()", "stage2.lua:1: math.randomseed wants a whole number"}));
+        Fault{"stage2.lua", "math.randomseed()", "stage2.lua:1: math.randomseed wants a whole number"}),
+    NameOf);
 
 TEST_F(TablesTest, AFaultInAnIncludedFileNamesTheLineOfTheStageToo) {
     Write("words.lua", "\nfunction wave() entry{Power = 999} end");
@@ -73,6 +94,17 @@ TEST_F(TablesTest, AFaultInAnIncludedFileNamesTheLineOfTheStageToo) {
 TEST_F(TablesTest, AMissingSourceIsNamed) {
     std::filesystem::remove(folder + "/stage3.lua");
     EXPECT_EQ("stage3.lua: No such file or directory", Build());
+}
+
+// Calls into Lua's own library run no instructions. The shell's limit stands in for the tool's own of 10 seconds.
+TEST_F(TablesTest, ACallThatDoesNotComeBackIsEndedWithItsPlace) {
+    for (const char* call : {"(('a'):rep(1e6)):find(('a*'):rep(30) .. 'b')", "table.move({}, 1, 1e17, 2)",
+                             "table.sort({1, 2, 3}, function() table.move({}, 1, 1e17, 2) end)"}) {
+        Write("waves.lua", std::string("return function()\n local x = ") + call + "\nend");
+        Write("stage2.lua", "(include 'waves.lua')()");
+        const std::string command = "ulimit -S -t 1; " TARNVEIL_TABLES_TOOL " build " + folder + " " + folder;
+        EXPECT_EQ("tarnveil-tables: waves.lua:2: more than 1 s of processor time\n", Said(command)) << call;
+    }
 }
 
 // Files, code from text, programs, the clock, and whatever could catch the end of the instructions.

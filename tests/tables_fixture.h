@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -10,25 +11,35 @@
 #include <string>
 #include <vector>
 
+#include "author/tables.h"
 #include "host/files.h"
 #include "lua_tables.h"
 #include "stage/data_files.h"
-#include "tables.h"
+#include "temporary_folder.h"
+
+// A case's name: its number, and its text as far as a test's name may hold it.
+inline std::string CaseName(std::size_t number, std::string_view text) {
+    std::string name = std::to_string(number);
+    for (const char c : text) {
+        if (std::isalnum(static_cast<unsigned char>(c)) != 0)
+            name += c;
+        else if (name.back() != '_')
+            name += '_';
+    }
+    return name;
+}
 
 class TablesTest : public testing::Test {
   protected:
     using Bytes = std::vector<std::uint8_t>;
 
     TablesTest() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "tarnveil-tables-XXXXXX").string();
-        folder = mkdtemp(pattern.data());
         Write("moves.lua", "pattern 'down'\nstep{DY = 2}\nstep{DX = 0, DY = 100, Flag = 'repeat'}\nstep{Flag = 'end'}");
         Write("enemies.lua", "kind{name = 'dart', Width = 32, Height = 32, MoveNo = 'down'}");
-        for (const TableName& stage : kStageTableNames) {
-            Write(stage.source, "entry{No = 'dart', Power = 1}\nentry{No = 'next_stage'}");
+        for (const Play& play : kPlays) {
+            Write(std::string(play.name) + ".lua", "entry{No = 'dart', Power = 1}\nentry{No = 'next_stage'}");
         }
     }
-    ~TablesTest() override { std::filesystem::remove_all(folder); }
 
     void Write(const std::string& name, const std::string& text) { std::ofstream(folder + "/" + name) << text; }
 
@@ -36,6 +47,7 @@ class TablesTest : public testing::Test {
 
     static Bytes FileAt(const std::string& path) { return ReadWholeFile(path).bytes; }
 
-    std::string folder;
+    const TemporaryFolder temporary;
+    const std::string folder = temporary.path.string();
     std::unique_ptr<Tables> tables = std::make_unique<Tables>();
 };

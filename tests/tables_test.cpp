@@ -55,6 +55,18 @@ TEST_F(TablesTest, OddSinglesSurvive) {
     }
 }
 
+// So that an author who only passes a step in the editor changes nothing.
+TEST_F(TablesTest, SinglesAreRoundedToTheSevenDigitsThatTheEditorsShow) {
+    Write("stage1.lua", "entry{X = 100 / 3, Y = -2e9 / 3} entry{X = 1.23456785e-9, Y = 0.1} entry{X = 16777215}");
+    ASSERT_EQ("", Build());
+    const auto& stage = tables->Stages[0];
+    EXPECT_EQ(33.33333F, stage[0].X);
+    EXPECT_EQ(-6.666667E8F, stage[0].Y);
+    EXPECT_EQ(1.234568E-9F, stage[1].X);
+    EXPECT_EQ(0.1F, stage[1].Y);
+    EXPECT_EQ(1.677722E7F, stage[2].X);
+}
+
 TEST_F(TablesTest, NamesStandForNumbers) {
     Write("moves.lua", "pattern('a', 7) step{Flag = 'end'} pattern('b') step{Flag = 'jump'} step{Flag = 'repeat'}");
     Write("enemies.lua", "kind{name = 'x', number = 30, MoveNo = 'b'} kind{name = 'dart', MoveNo = 'a'}");
@@ -76,8 +88,8 @@ TEST_F(TablesTest, StepsAndEntriesTellTheirNumbers) {
           "pattern 'p'\nlocal at = next_step()\nassert(step{} == 0 and at == 0)\n"
           "assert(step{} == 1 and next_step() == 2)\npattern 'q'\nassert(next_step() == 0)");
     Write("enemies.lua", "");
-    for (const TableName& stage : kStageTableNames) {
-        Write(stage.source, "assert(next_entry() == 0 and entry{} == 0 and next_entry() == 1)");
+    for (const Play& play : kPlays) {
+        Write(std::string(play.name) + ".lua", "assert(next_entry() == 0 and entry{} == 0 and next_entry() == 1)");
     }
     EXPECT_EQ("", Build());
 }
@@ -116,7 +128,7 @@ TEST_F(TablesTest, NothingIsWrittenWhenOneFileCannotBe) {
     const std::string out = folder + "/out";
     std::filesystem::create_directories(out + "/Attack.DAT");  // a folder in the way of the last file
     const Bytes old(600, 42);
-    ASSERT_EQ("", WriteFileKeepingTail(out + "/EnemyData.DAT", old));
+    ASSERT_EQ("", WriteWholeFile(out + "/EnemyData.DAT", old));
     EXPECT_EQ("", RunTool("build " + folder + " " + out, 1));
     EXPECT_EQ(old, FileAt(out + "/EnemyData.DAT"));
     for (const char* name : {"EneMove.DAT", "STAGE1.DAT", "STAGE2.DAT", "STAGE3.DAT"}) {
@@ -137,7 +149,7 @@ TEST_F(TablesTest, BytesBehindATableStay) {
     ASSERT_EQ("", WriteTables(folder, *tables));
     Bytes longer = FileAt(folder + "/STAGE2.DAT");
     longer.insert(longer.end(), {1, 2, 3});
-    ASSERT_EQ("", WriteFileKeepingTail(folder + "/STAGE2.DAT", longer));
+    ASSERT_EQ("", WriteWholeFile(folder + "/STAGE2.DAT", longer));
     ASSERT_EQ("", WriteTables(folder, *tables));
     EXPECT_EQ(longer, FileAt(folder + "/STAGE2.DAT"));
 }

@@ -4,20 +4,22 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <list>
 #include <string>
 
 #include "host/headless/headless.h"
-#include "platform/input_state.h"
-#include "shell/main_form.h"
-#include "shell/random.h"
-#include "shell/state.h"
+#include "state/main_form.h"
+#include "state/random.h"
+#include "state/state.h"
+#include "temporary_folder.h"
+#include "toolkit/input_state.h"
 
 class GameTest : public testing::Test {
   protected:
     GameTest();
     ~GameTest() override;
 
-    // A folder of its own for the program, removed after the test. `filled`: with a copy of the shipped data.
+    // A new folder for the program, removed after the test. `filled`: with a copy of the shipped data.
     std::filesystem::path UseFolder(bool filled);
 
     // The state after LoadStage on empty tables, without reading any file: bounds set, ship in place, window loaded.
@@ -26,5 +28,5 @@ class GameTest : public testing::Test {
     headless::Host& host = headless::TheHost();
 
   private:
-    std::filesystem::path folder_;
+    std::list<TemporaryFolder> folders_;
 };

@@ -3,15 +3,17 @@
 
 #include <algorithm>
 #include <fstream>
+#include <map>
 
 #include "host/files.h"
 #include "host/window.h"
-#include "platform/resources.h"
+#include "platform/waits.h"
 #include "shell/best_scores.h"
 #include "shell/game_loop.h"
 #include "shell/status.h"
 #include "shell/title_screen.h"
 #include "test_game.h"
+#include "toolkit/resources.h"
 
 namespace {
 
@@ -219,6 +221,30 @@ TEST_F(GameTest, FrameRateComesFromOneFrameAtMostEveryQuarterSecond) {
     DrawStatus();
     DrawStatus();
     EXPECT_EQ(26, game.Fps) << "a frame of no length gives no figure";
+}
+
+TEST_F(GameTest, TheFrameRateDoesNotNoticeTheWrapOfTheClock) {
+    const auto figures = [this](std::uint32_t start) {
+        host.stepPerReading = 0;
+        host.now = start;
+        std::string seen;
+        for (int frame = 0; frame < 60; ++frame, host.now += 39) {
+            game.FrameTime = 20 + frame;
+            DrawStatus();
+            seen += std::to_string(game.Fps) + " ";
+        }
+        return seen;
+    };
+    std::map<std::uint32_t, std::string> seen;
+    for (const std::uint32_t start : {1000u, 0x7FFFFC00u, 0xFFFFFC00u, 0x90000000u}) {
+        game = GameState{};
+        seen[start] = figures(start);
+        EXPECT_EQ(seen[1000u], seen[start]) << start;
+        host.now += 0x80000000u;  // weeks at the title
+        game.FrameTime = 500;
+        for (int frame = 0; frame < 3; ++frame, host.now += 39) DrawStatus();
+        EXPECT_EQ(2, game.Fps) << start;
+    }
 }
 
 TEST_F(GameTest, StatusTextLeavesThePixelsBetweenTheLettersAndFits) {

@@ -3,18 +3,25 @@
 
 #include <algorithm>
 #include <fstream>
+#include <set>
 
+#include "fresh_program.h"
 #include "host/files.h"
 #include "host/window.h"
-#include "platform/folder.h"
-#include "platform/resources.h"
+#include "recording/recording.h"
+#include "renew.h"
+#include "shell/best_scores.h"
 #include "shell/ending.h"
 #include "shell/game_loop.h"
-#include "shell/recording.h"
+#include "shell/main_routine.h"
+#include "shell/menus.h"
 #include "shell/title_screen.h"
 #include "simulation.h"
 #include "stage/data_files.h"
+#include "stage/plays.h"
 #include "test_game.h"
+#include "toolkit/folder.h"
+#include "toolkit/resources.h"
 
 namespace {
 
@@ -32,8 +39,8 @@ class WholeGameTest : public GameTest {
     }
 
     void PutShortStages() {
-        for (const Byte digest : std::initializer_list<Byte>{0, 2, 3, 4}) {
-            PutStage(StageFileOf(digest), {Entry(254, 5), Entry(247), Entry(254, 10), Entry(248)});
+        for (const Play& play : kPlays) {
+            PutStage(play.file, {Entry(254, 5), Entry(247), Entry(254, 10), Entry(248)});
         }
     }
 
@@ -59,21 +66,27 @@ class WholeGameTest : public GameTest {
 
 }  // namespace
 
-TEST_F(WholeGameTest, ANormalGamePassesThreeStagesAndTheEndingAndSavesItsScore) {
+TEST_F(WholeGameTest, ANormalGamePassesItsStagesAndTheEndingAndSavesItsScore) {
     PutShortStages();
-    std::vector<Integer> stages;
+    std::vector<Integer> wantedStages, stages;
+    std::vector<std::string> wantedPieces;
+    for (const Play* play = FindPlay(kNormalPlay); play; play = NextStage(*play)) {
+        wantedStages.push_back(play->stageNo);
+        wantedPieces.insert(wantedPieces.end(), {play->music, "Cleared.Mid"});
+    }
+    const auto bonus = static_cast<Long>(5000 * wantedStages.size());  // full energy at each end
+    wantedStages.push_back(static_cast<Integer>(wantedStages.back() + 1));
+    wantedPieces.emplace_back("End.mid");
     PlayOneGame([&] {
         if (stages.empty() || stages.back() != game.StageNo) stages.push_back(game.StageNo);
         if (game.AllClear != False) headless::Tap(VK_SPACE);
     });
-    EXPECT_EQ((std::vector<Integer>{1, 2, 3, 4}), stages);
-    EXPECT_EQ((std::vector<std::string>{"Stage1.mid", "Cleared.Mid", "Stage2.Mid", "Cleared.Mid", "Stage3.Mid",
-                                        "Cleared.Mid", "End.mid"}),
-              OpenedPieces());
-    EXPECT_EQ(15000, game.Score) << "full energy three times";
-    EXPECT_EQ(15000, game.Scores.Nomal);
-    const auto saved = ReadWholeFile((folder / "Scores.DAT").string()).bytes;
-    EXPECT_EQ((std::vector<std::uint8_t>{0, 0, 0, 0, 0x98, 0x3A, 0, 0}), std::vector(saved.begin(), saved.begin() + 8));
+    EXPECT_EQ(wantedStages, stages);
+    EXPECT_EQ(wantedPieces, OpenedPieces());
+    EXPECT_EQ(bonus, game.Score);
+    game.Scores = {};
+    LoadBestScores();
+    EXPECT_EQ((ScoresType{.Nomal = bonus}), game.Scores);
 }
 
 TEST_F(WholeGameTest, DigestPlaysAndScoreAttackEndAtTheirFirstStageChange) {
@@ -175,8 +188,7 @@ TEST_F(WholeGameTest, TheSameSeedAndEventsGiveTheSameGameAndAnotherSeedAnother) 
     std::vector<std::string> texts;
     for (const std::uint64_t seed : {7u, 7u, 8u}) {
         const std::string path = (folder / "run.txt").string();
-        SimReport report =
-            Simulate({.play = SimPlay::attack, .pilot = "sweep", .seed = seed, .frameLimit = 500, .recordTo = path});
+        SimReport report = Simulate({.play = {4}, .pilot = "sweep", .seed = seed, .frameLimit = 500, .recordTo = path});
         EXPECT_EQ("", report.error);
         EXPECT_GE(report.frames, 500);
         const auto bytes = ReadWholeFile(path).bytes;
@@ -189,7 +201,7 @@ TEST_F(WholeGameTest, TheSameSeedAndEventsGiveTheSameGameAndAnotherSeedAnother) 
 
 TEST_F(WholeGameTest, ARecordingPlaysAgainAndNamesTheFirstFrameThatDiffers) {
     const std::string path = (folder / "run.txt").string();
-    Simulate({.play = SimPlay::stage1, .level = 5, .pilot = "dodge", .seed = 3, .frameLimit = 700, .recordTo = path});
+    Simulate({.level = 5, .pilot = "dodge", .seed = 3, .frameLimit = 700, .recordTo = path});
     Recording recording;
     ASSERT_EQ("", ReadRecording(path, recording));
     EXPECT_EQ(5, recording.level);
@@ -216,11 +228,36 @@ TEST_F(WholeGameTest, ARecordingPlaysAgainAndNamesTheFirstFrameThatDiffers) {
     EXPECT_EQ("", VerifyRecording(changed, true, report));
 }
 
+TEST_F(WholeGameTest, ARecordingOfAPilotIsRenewedWithWhatHasChanged) {
+    PutShortStages();
+    PutStage("\\STAGE1.DAT", {Entry(0, 5, 1), Entry(254, 40), Entry(248)});
+    const std::string path = (folder / "run.txt").string(), stage = (folder / "STAGE1.DAT").string();
+    Simulate({.level = 5, .pilot = "sweep", .weapon = Weapon::spread, .seed = 3, .recordTo = path});
+    std::string change;
+    const auto renewed = [&] {
+        EXPECT_EQ("", Renew(path, change));
+        return change;
+    };
+    EXPECT_EQ("nothing has changed", renewed());
+    std::ofstream(stage, std::ios::app) << "behind the table";
+    EXPECT_TRUE(renewed().starts_with("the same play; only the fingerprint")) << change;
+    PutStage("\\STAGE1.DAT", {Entry(0, 30, 1), Entry(254, 40), Entry(248)});
+    EXPECT_TRUE(renewed().starts_with("the play is another one from frame 5 on")) << change;
+    EXPECT_EQ("nothing has changed", renewed());
+
+    Recording recording;
+    ASSERT_EQ("", ReadRecording(path, recording));
+    recording.pilot.clear();
+    std::ofstream(path) << FormatRecording(recording);
+    EXPECT_NE(std::string::npos, Renew(path, change).find("names no pilot"));
+}
+
 TEST_F(WholeGameTest, BrokenRecordingsAreRefusedWithTheirLine) {
     Recording sample;
     sample.held = {{38, true, false}};
     sample.events = {{{3, 1}, {InputEvent::Kind::joystick, 1, 2, 3, 4}}, {{4, 0}, {InputEvent::Kind::allKeysUp}}};
     sample.frames = std::vector<FrameDigest>(11);
+    sample.endFrames = 11;
     const std::string good = FormatRecording(sample);
     Recording parsed;
     ASSERT_EQ("", ParseRecording(good, parsed));
@@ -237,6 +274,8 @@ TEST_F(WholeGameTest, BrokenRecordingsAreRefusedWithTheirLine) {
              {replaced("level 2", "level 3"), "line 3"},
              {replaced("play 0", "play 1"), "line 4"},
              {replaced("Effects=1", "Effects=7"), "line 5"},
+             {replaced("Effects=1", "Effect=1"), "line 5"},
+             {replaced("Effects=1", "Wait=0"), "line 5"},
              {replaced("joystick 1 2 3 4", "joystick 1 2"), "not understood"},
              {replaced("frame 9", "frame 10"), "not understood"},
              {replaced("frames=11", "frames=12"), "not understood"},
@@ -245,6 +284,9 @@ TEST_F(WholeGameTest, BrokenRecordingsAreRefusedWithTheirLine) {
         EXPECT_NE(std::string::npos, ParseRecording(text, parsed).find(wanted)) << text.substr(0, 60);
     }
     EXPECT_EQ(sample, parsed) << "a refused text changes nothing";
+    EXPECT_EQ("", ParseRecording(replaced("Wait=1 Invincible=0 Effects=1", "Effects=0 Wait=1"), parsed));
+    sample.options[&MainFormType::Menu004] = false;
+    EXPECT_EQ(sample, parsed) << "options in any order; one that is absent is as at start";
 }
 
 TEST_F(WholeGameTest, OpeningAnEditorEndsTheRecordingThere) {
@@ -290,7 +332,7 @@ TEST_F(WholeGameTest, ARecordingLeftInTheStaffRollEndsThere) {
 TEST_F(WholeGameTest, AReplayWhoseStaffRollNeverGetsItsKeyDiffersAndEnds) {
     PutShortStages();
     const std::string path = (folder / "run.txt").string();
-    Simulate({.play = SimPlay::wholeGame, .pilot = "idle", .recordTo = path});
+    Simulate({.play = {.wholeGame = true}, .pilot = "idle", .recordTo = path});
     Recording recording;
     ASSERT_EQ("", ReadRecording(path, recording));
     SimReport report;
@@ -325,33 +367,63 @@ TEST_F(WholeGameTest, ARecordingThatCannotBeWrittenIsTold) {
 
 TEST_F(WholeGameTest, AReplayAtTheTitleStartsByItselfIgnoresKeysAndSavesNoScore) {
     const std::string path = (folder / "run.txt").string();
-    Simulate({.play = SimPlay::stage1, .pilot = "sweep", .seed = 3, .frameLimit = 300, .recordTo = path});
+    Simulate({.play = {3}, .pilot = "sweep", .seed = 3, .frameLimit = 300, .recordTo = path});
     Recording recording;
     ASSERT_EQ("", ReadRecording(path, recording));
-    game = GameState{};  // a program that has just started
-    game.ScreenW = 320, game.ScreenH = 480;
-    MainForm = MainFormType{};
-    LoadMainForm();
-    host.onYield = [] { headless::Tap(VK_ESCAPE); };
+    NewProgram();
     StartReplay(recording);
-    EXPECT_THROW(TitleScreen(), EndProgram);
+    host.onYield = [] { headless::Tap(VK_ESCAPE); };
+    EXPECT_THROW(Main(), EndProgram);
     host.onYield = nullptr;
     EXPECT_EQ(ReplayState::finished, Replay().state) << Replay().message;
     StopReplay();
     EXPECT_FALSE(std::filesystem::exists(folder / "Scores.DAT"));
 }
 
+// A recording says at which entry, and how, its game was started.
+TEST_F(WholeGameTest, AGameStartedWithinAStageVerifies) {
+    const std::string path = (folder / "run.txt").string();
+    for (const GameStart& start : {GameStart{7, 2.5F, 1}, GameStart{60, 10, 0}, GameStart{512, 0.1F, 0}}) {
+        Simulate({.play = {2}, .pilot = "dodge", .seed = 5, .frameLimit = 400, .start = start, .recordTo = path});
+        Recording recording;
+        ASSERT_EQ("", ReadRecording(path, recording));
+        EXPECT_EQ(start, recording.start);
+        SimReport report;
+        EXPECT_EQ("", VerifyRecording(recording, false, report)) << "entry " << start.entry;
+        EXPECT_EQ(GameStart{}, gameStart) << "the next game starts as usual";
+        recording.start = {};
+        EXPECT_NE("", VerifyRecording(recording, false, report));
+    }
+}
+
 // Recorded games of the shipped stages: every build type must play them alike. A change of rule or data that alters
 // them is a commit of its own that says why.
 TEST_F(WholeGameTest, GoldenRunsPlayTheSame) {
-    int runs = 0;
+    std::set<int> plays;
     for (const auto& file : std::filesystem::directory_iterator(std::filesystem::path(TARNVEIL_TESTS) / "runs")) {
         if (file.path().extension() != ".txt") continue;
         Recording recording;
         ASSERT_EQ("", ReadRecording(file.path().string(), recording));
         SimReport report;
         EXPECT_EQ("", VerifyRecording(recording, false, report)) << file.path();
-        ++runs;
+        plays.insert(recording.play);
     }
-    EXPECT_GE(runs, 1);
+    for (const Play& play : kPlays) EXPECT_TRUE(plays.contains(play.number)) << play.file << ": no recorded game";
+}
+
+TEST_F(WholeGameTest, EveryPlayHasItsMenuItemItsTableAndItsMusic) {
+    std::vector<const MenuItem*> inMenu, inTable;
+    for (auto item : kMenuBar) {
+        if (PopupOf(MainForm.*item) == &MainForm.Menu400) inMenu.push_back(&(MainForm.*item));
+    }
+    for (const Play& play : kPlays) {
+        inTable.push_back(&(MainForm.*play.item));
+        game.DigestMode = 99;
+        EXPECT_TRUE(ClickMenu(MainForm.*play.item));
+        EXPECT_EQ(play.number, game.DigestMode);
+        for (const std::string& file : {BareName(play.file), std::string(play.music), std::string(play.bossMusic)}) {
+            EXPECT_TRUE(std::filesystem::is_regular_file(folder / file)) << file;
+        }
+    }
+    EXPECT_EQ(inMenu, inTable);
 }

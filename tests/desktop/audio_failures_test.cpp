@@ -97,6 +97,10 @@ TEST_F(SoundTest, WhatIsNoWaveFileIsSilenceToo) {
     slow[24] = 100;
     PlayEffect(slow);
     EXPECT_EQ(1u, TakeLog().size()) << "seven minutes of it";
+    Bytes claiming = Tone(kTone, 1, 0.5);
+    std::fill_n(claiming.begin() + 41, 3, std::uint8_t{0xA0});  // of the size of its samples
+    PlayEffect(claiming);
+    EXPECT_EQ(1u, TakeLog().size()) << "2.7 GB of them";
     PlayEffect({});
     PlayEffect({0});
     EXPECT_EQ(0u, TakeLog().size()) << "a missing file is reported where it is read";

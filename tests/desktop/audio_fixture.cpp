@@ -5,22 +5,15 @@
 #include <sstream>
 
 #include "host/desktop/audio_setup.h"
-#include "platform/folder.h"
-#include "shell/main_form.h"
-#include "shell/state.h"
+#include "platform/music.h"
+#include "state/main_form.h"
+#include "state/state.h"
+#include "toolkit/folder.h"
 
-namespace {
-
-std::filesystem::path MakeFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "tarnveil-audio-XXXXXX").string();
-    return mkdtemp(pattern.data());
-}
-
-}  // namespace
-
-AudioTest::AudioTest() : folder(MakeFolder()), tape((folder / "tape.raw").string(), kSpeed) {
+AudioTest::AudioTest() : tape((folder / "tape.raw").string(), kSpeed) {
     game = GameState{};
     MainForm = MainFormType{};
+    MainForm.Bgm_Check.Event = Bgm_Check_Timer;
     SetProgramFolder(folder.string());
     SetSoundFont("");
     unsetenv("TARNVEIL_SOUNDFONT");
@@ -32,7 +25,6 @@ AudioTest::~AudioTest() {
     const std::string output = testing::internal::GetCapturedStderr();
     if (HasFailure()) std::fputs(output.c_str(), stderr);
     SetProgramFolder(".");
-    std::filesystem::remove_all(folder);
 }
 
 void AudioTest::Put(const std::string& name, const Bytes& bytes) {

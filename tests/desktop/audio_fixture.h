@@ -9,6 +9,7 @@
 
 #include "sound_files.h"
 #include "tape.h"
+#include "temporary_folder.h"
 
 constexpr const char* kSoundFont = "/usr/share/sounds/sf2/TimGM6mb.sf2";
 constexpr double kSpeed = 5;
@@ -30,7 +31,8 @@ class AudioTest : public testing::Test {
     // Lets the tape run with the game's timer on the tape's clock.
     void RunWithTimer(double seconds);
 
-    const std::filesystem::path folder;
+    const TemporaryFolder temporary;
+    const std::filesystem::path& folder = temporary.path;
     const Tape tape;
 };
 

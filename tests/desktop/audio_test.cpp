@@ -1,5 +1,6 @@
 // The real sound device and synthesizer, heard through SDL's disk driver: what sounds when, and what does not.
 #include "host/audio.h"
+#include "shell/menus.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +9,7 @@
 
 #include "audio_fixture.h"
 #include "platform/music.h"
-#include "shell/main_form.h"
+#include "state/main_form.h"
 
 TEST_F(SoundTest, APieceSoundsOnlyWhenItIsPlayedAndThenEveryNoteInItsPlace) {
     Put("a.mid", Tune(kScale));

@@ -12,7 +12,8 @@
 
 #include "host/desktop/desktop.h"
 #include "host/window.h"
-#include "shell/main_form.h"
+#include "state/main_form.h"
+#include "temporary_folder.h"
 
 class DesktopTest : public testing::Test {
   protected:
@@ -22,21 +23,14 @@ class DesktopTest : public testing::Test {
     // The events of one yield.
     std::vector<InputEvent> Pump();
 
+    // The pixels of the main window as the window system has them.
+    static QImage Screen();
+
     // Runs `step` from the window system's loop in `ms` milliseconds, while the program waits in a loop of its own.
     static void Later(int ms, std::function<void()> step);
 
     desktop::PictureView& View() { return desktop::TheHost().window->View(); }
     desktop::MenuView& Menus() { return desktop::TheHost().window->Menus(); }
-};
-
-// A folder of its own that is removed with everything in it; with a copy of `content` unless that is empty.
-struct TemporaryFolder {
-    explicit TemporaryFolder(const std::filesystem::path& content = {});
-    ~TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    std::filesystem::path path;
 };
 
 // The events without joysticks: a machine may have some.

@@ -9,10 +9,10 @@
 #include "editors/enemy_data_edit.h"
 #include "editors/enemy_move_edit.h"
 #include "host/desktop/form_window.h"
-#include "platform/folder.h"
-#include "platform/forms.h"
-#include "shell/state.h"
 #include "stage/data_files.h"
+#include "state/state.h"
+#include "toolkit/folder.h"
+#include "toolkit/forms.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 
 #include "desktop_test.h"
 #include "host/desktop/form_window.h"
-#include "platform/forms.h"
+#include "toolkit/forms.h"
 
 namespace {
 
@@ -195,6 +195,7 @@ TEST_F(FormTest, TypingReplacesTheTextOfAFieldThatTabCameTo) {
     Use({[] {
         QTest::keyClick(Window().focusWidget(), Qt::Key_Tab);
         EXPECT_EQ(QString("old"), The<QLineEdit>("Text2").selectedText());
+        EXPECT_EQ(0, The<QLineEdit>("Text2").cursorPosition()) << "a long text shows its end";
         QTest::keyClicks(Window().focusWidget(), "new");
     }});
     EXPECT_EQ("new", form["Text2"].Text);
@@ -204,6 +205,7 @@ TEST_F(FormTest, TheWidgetsFollowWhatAHandlerChanges) {
     Use({[] { QTest::mouseClick(&The<QPushButton>("Rewrite"), Qt::LeftButton); },
          [] {
              EXPECT_EQ(QString("rewritten"), The<QLineEdit>("Text1").text());
+             EXPECT_EQ(0, The<QLineEdit>("Text1").cursorPosition()) << "a long text shows its end";
              EXPECT_EQ(QString("7"), The<QLabel>("Label1").text());
              EXPECT_EQ(&The<QLineEdit>("Text2"), Window().focusWidget());
          }});

@@ -5,9 +5,9 @@
 #include "desktop_test.h"
 #include "host/desktop/joystick_axis.h"
 #include "host/desktop/joysticks.h"
-#include "platform/input_state.h"
 #include "platform/joystick_input.h"
-#include "shell/state.h"
+#include "state/state.h"
+#include "toolkit/input_state.h"
 
 using desktop::CalibratedAxis;
 using Kind = InputEvent::Kind;

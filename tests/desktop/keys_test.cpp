@@ -3,7 +3,7 @@
 
 #include "desktop_test.h"
 #include "host/desktop/key_map.h"
-#include "platform/input_state.h"
+#include "toolkit/input_state.h"
 
 using desktop::NativeKey;
 using desktop::VirtualKeyOf;
@@ -87,6 +87,22 @@ TEST(KeyboardTest, AfterTheKeyboardWasLostAReleaseIsNoNews) {
     EXPECT_EQ((InputEvent{Kind::keyDown, VK_LEFT}), events.back());
 }
 
+TEST(KeyboardTest, WhenTheKeyboardComesBackEscCountsFromItsNextPressOn) {
+    constexpr NativeKey kEscape{0xFF1B, 9, Qt::Key_Escape};
+    desktop::Keyboard keyboard;
+    std::vector<InputEvent> events;
+    keyboard.Resume({kArrowLeft, kEscape}, events);
+    keyboard.Release(kEscape, events);  // a repeat that looks like a release and a press
+    keyboard.Press(kEscape, events);
+    EXPECT_EQ((std::vector<InputEvent>{{Kind::keyDown, VK_LEFT}}), events);
+    keyboard.KeepOnly({kArrowLeft.scan}, events);
+    EXPECT_EQ(1u, events.size());
+    keyboard.Press(kEscape, events);
+    EXPECT_EQ((InputEvent{Kind::keyDown, VK_ESCAPE}), events.back());
+    keyboard.KeepOnly({kEscape.scan}, events);
+    EXPECT_EQ((InputEvent{Kind::keyUp, VK_LEFT}), events.back()) << "a lost release";
+}
+
 class KeysTest : public DesktopTest {};
 
 TEST_F(KeysTest, PressesAndReleasesComeInOrder) {
@@ -107,6 +123,13 @@ TEST_F(KeysTest, AutoRepeatIsNotReported) {
     QApplication::sendEvent(&View(), &release);
     QApplication::sendEvent(&View(), &press);
     EXPECT_TRUE(Pump().empty());
+    QTest::keyRelease(&View(), Qt::Key_Space);
+    Pump();
+    QApplication::sendEvent(&View(), &press);
+    EXPECT_TRUE(Pump().empty()) << "held while a menu was open";
+    QKeyEvent left(QEvent::KeyPress, Qt::Key_Left, Qt::NoModifier, {}, true);
+    QApplication::sendEvent(&View(), &left);
+    EXPECT_EQ((std::vector<InputEvent>{{Kind::keyDown, VK_LEFT}}), Pump()) << "a repeat shows that it is down";
 }
 
 TEST_F(KeysTest, LosingTheFocusReleasesAllKeys) {

@@ -5,11 +5,11 @@
 
 #include "desktop_test.h"
 #include "platform/events.h"
-#include "platform/folder.h"
-#include "platform/input_state.h"
-#include "platform/surface.h"
 #include "shell/game_loop.h"
 #include "shell/title_screen.h"
+#include "toolkit/folder.h"
+#include "toolkit/input_state.h"
+#include "toolkit/surface.h"
 
 using Kind = InputEvent::Kind;
 
@@ -19,7 +19,7 @@ class MainWindowTest : public DesktopTest {
   protected:
     static desktop::MainWindow& Window() { return *desktop::TheHost().window; }
     // What the window shows of the picture at (x, y).
-    QColor ShownAt(int x, int y) { return View().grab().toImage().pixelColor(x + kBorder, y + kBorder); }
+    QColor ShownAt(int x, int y) { return Screen().pixelColor(View().pos() + QPoint(x + kBorder, y + kBorder)); }
 };
 
 TEST_F(MainWindowTest, ShowsTheWholePictureOneToOneInASunkenBorder) {
@@ -46,7 +46,7 @@ TEST_F(MainWindowTest, IsOfFixedSizeAndInTheMiddleOfTheScreen) {
 TEST_F(MainWindowTest, NeverShowsAHalfDrawnFrame) {
     Pump();
     SetPixelV(MainForm.Crt, 10, 10, kWhite);
-    EXPECT_EQ(QColor(Qt::black), ShownAt(10, 10)) << "a repaint in the middle of a frame";
+    EXPECT_EQ(QColor(Qt::black), ShownAt(10, 10)) << "in the middle of a frame";
     Pump();
     EXPECT_EQ(QColor(Qt::white), ShownAt(10, 10));
 }
@@ -59,7 +59,7 @@ TEST_F(MainWindowTest, ShowNowShowsAtOnceAndForOneRefresh) {
     clock.start();
     ShowNow(MainForm.Crt);
     EXPECT_GE(static_cast<double>(clock.nsecsElapsed()) / 1e6, refresh - 0.1);
-    EXPECT_EQ(QColor(Qt::white), QColor::fromRgb(View().Shown().pixel(5, 6)));
+    EXPECT_EQ(QColor(Qt::white), ShownAt(5, 6));
     EXPECT_EQ(0, GetAsyncKeyState(VK_SPACE)) << "no events are taken";
     EXPECT_EQ(1u, Pump().size());
 }
@@ -145,8 +145,9 @@ TEST_F(MenuTest, ShowsWhatTheModelSays) {
 }
 
 TEST_F(MenuTest, AClickIsReportedAndChangesNothingByItself) {
-    const auto events = Choose("Menu001", "Menu002");
-    ASSERT_FALSE(events.empty());
+    auto events = Choose("Menu001", "Menu002");
+    std::erase_if(events, [](const InputEvent& event) { return event.kind == Kind::allKeysUp; });  // before or after
+    ASSERT_EQ(1u, events.size());
     EXPECT_EQ(Kind::menu, events.back().kind);
     EXPECT_EQ("Menu002", events.back().item);
     EXPECT_TRUE(MainForm.Menu002.Checked);

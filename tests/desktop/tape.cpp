@@ -19,7 +19,7 @@ constexpr double kBytesPerSecond = kRate * 4;
 constexpr double kBufferMs = 1000 * 1024 / kRate;
 constexpr double kMoment = 0.03;  // seconds; long enough to tell the pitches of neighbouring notes above 440 Hz
 constexpr double kShortest = 1.5 * kMoment;  // of a note; the moment in which one begins may seem another pitch
-constexpr double kSilence = 0.003;
+constexpr double kSilence = 0.0014;          // a note at a sixth of its volume is still heard
 
 double Level(const std::vector<float>& samples, double hertz) {
     std::complex<double> sum = 0;

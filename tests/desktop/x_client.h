@@ -1,0 +1,32 @@
+// Another program on the same X display: it presses keys and mouse buttons as a user does and has a window of its own
+// that can take the keyboard. Safe to use from one thread beside the program's own.
+#pragma once
+
+#include <cstdint>
+
+struct _XDisplay;
+
+class XClient {
+  public:
+    XClient();
+    ~XClient();
+    XClient(const XClient&) = delete;
+    XClient& operator=(const XClient&) = delete;
+
+    void Key(std::uint32_t symbol, bool down);
+    void Tap(std::uint32_t symbol);
+    void Click(int x, int y);
+    void AutoRepeat(bool on);
+    // The own window takes the keyboard; `window` gets it back.
+    void TakeKeyboard();
+    void GiveKeyboard(unsigned long window);
+    bool KeyboardIsIn(unsigned long window);
+    void Minimise(unsigned long window);
+    bool HasWindowManager();
+
+  private:
+    void Activate(unsigned long window);
+
+    _XDisplay* display_;
+    unsigned long window_;
+};
