@@ -1,13 +1,20 @@
 # Installs the Debian packages that are missing; sourced by run, test and .ci/run. Quick when none are.
 
 # What the game is built from and plays with.
-PLAY_PACKAGES="g++ cmake ninja-build pkg-config libstb-dev qt6-base-dev libsdl2-dev libsdl2-mixer-dev libfluidsynth-dev
-               timgm6mb-soundfont fonts-vlgothic"
+PLAY_PACKAGES="g++ cmake ninja-build pkg-config libstb-dev libcli11-dev qt6-base-dev libxcb1-dev libsdl2-dev
+               libsdl2-mixer-dev libfluidsynth-dev timgm6mb-soundfont fonts-vlgothic"
+# What the game in the browser is built from; node and python3 come with emscripten.
+WEB_PACKAGES="emscripten cmake ninja-build libstb-dev fluidsynth timgm6mb-soundfont lame"
 # What only the tests, the author's tools and the checks need.
-TEST_PACKAGES="libgtest-dev libbenchmark-dev liblua5.4-dev"
-CHECK_PACKAGES="clang clang-format clang-tidy libclang-rt-14-dev git"
+TEST_PACKAGES="libgtest-dev liblua5.4-dev nlohmann-json3-dev python3-jsonschema parallel
+               xvfb xauth openbox libxtst-dev"
+CHECK_PACKAGES="clang clang-format clang-tidy libclang-rt-dev git python3 python3-xlib weston qt6-wayland"
+# Where the site is tried. npm is asked for only where node comes without it.
+BROWSER_PACKAGES="chromium firefox-esr node-typescript"
 # A screen where there is none.
 SCREEN_PACKAGES="xvfb xauth"
+# What Qt needs in a session without X.
+WAYLAND_PACKAGES="qt6-wayland"
 
 install_missing() {
     local missing=""
@@ -26,7 +33,8 @@ install_missing() {
         command -v sudo >/dev/null || { echo "Please install these packages as root:$missing" >&2; return 1; }
         as_root="sudo"
     fi
-    $as_root apt-get update -qq
     # shellcheck disable=SC2086
-    $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
+    $as_root apt-get update -qq &&
+        $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null ||
+        { echo "These packages could not be installed (is there a network?):$missing" >&2; return 1; }
 }
