@@ -129,7 +129,8 @@ TEST_F(FilesTest, AKilledSaveLeavesAWholeFileAndTheNextOneNothingElse) {
         KillAtWork(500 + round * 173, [&] {
             if (!Save("file", fresh).empty() || !Save("file", old).empty()) _exit(1);
         });
-        ASSERT_TRUE(Get("file") == old || Get("file") == fresh) << "round " << round;
+        const std::string left = Get("file");
+        ASSERT_TRUE(left == old || left == fresh) << "round " << round;
     }
     ASSERT_EQ("", Save("file", old));
     EXPECT_EQ((std::set<std::string>{"file", "file.notes.new"}), Names());
