@@ -43,7 +43,7 @@ add_library(tarnveil_desktop OBJECT
   ${desktop}/program_folder.cpp ${desktop}/desktop.cpp ${desktop}/look.cpp
   ${desktop}/placing.cpp ${desktop}/waiting.cpp ${desktop}/key_map.cpp ${desktop}/picture_view.cpp
   ${desktop}/scaling.cpp ${desktop}/change_watch.cpp ${desktop}/calm.cpp ${desktop}/showing.cpp ${desktop}/full_screen_bar.cpp
-  ${desktop}/edge_drag.cpp ${desktop}/pause.cpp
+  ${desktop}/edge_drag.cpp ${desktop}/frame_hold.cpp ${desktop}/pause.cpp
   ${desktop}/menu_view.cpp ${desktop}/main_window.cpp ${desktop}/joysticks.cpp ${desktop}/form_widgets.cpp
   ${desktop}/form_window.cpp ${desktop}/window.cpp
   ${desktop}/clock.cpp ${desktop}/log.cpp ${TARNVEIL_POSIX_FILES} ${keys_down} ${audio})

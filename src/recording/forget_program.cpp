@@ -5,6 +5,7 @@
 #include "recording/recording.h"
 #include "shell/game_loop.h"
 #include "stage/faults.h"
+#include "stage/load_stage.h"
 #include "stage/stage_script.h"
 #include "state/main_form.h"
 #include "state/random.h"
@@ -17,6 +18,9 @@ void ForgetProgram() {
     UseClockSeed();
     SetEventTap(nullptr);
     gameWatcher = {};
+    gameStart = {};
+    gameAsked = false;
+    tableRead = nullptr;
     stageWatcher = {};
     shotWatcher = {};
     ForgetFaults();

@@ -105,7 +105,7 @@ void StartRecorder(const std::string& path, const std::string& pilot) {
     recorder->path = path;
     recorder->pilot = pilot;
     SetEventTap(Tap);
-    gameWatcher = {GameStarted, FrameDone, GameEnded};
+    gameWatcher = {GameStarted, FrameDone, GameEnded, CutOff};
 }
 
 std::string FinishRecorder() {

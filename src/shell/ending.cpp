@@ -8,6 +8,7 @@
 #include "platform/music.h"
 #include "platform/screen.h"
 #include "platform/waits.h"
+#include "shell/game_loop.h"
 #include "stage/stars.h"
 #include "state/bitmaps.h"
 #include "state/main_form.h"
@@ -93,7 +94,7 @@ void DrawCanvas(Long& frameCount, Byte& lineNo) {
 
 bool KeyEndsRoll(Long frameCount) {
     const bool escape = KeyPressed(VK_ESCAPE), space = KeyPressed(VK_SPACE);
-    return frameCount >= kKeysCount && (escape || space);
+    return gameAsked || (frameCount >= kKeysCount && (escape || space));
 }
 
 void CleanUpEnding() {

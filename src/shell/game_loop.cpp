@@ -26,6 +26,7 @@ void StartWithin() {
 }
 
 void SetUpGame() {
+    gameAsked = false;
     game.QuitGame = False;
     game.StarReverse = False;
     const std::uint64_t seed = NextSeed();
@@ -42,7 +43,7 @@ void SetUpGame() {
 
 bool LeaveGame() {
     const bool escape = KeyPressed(VK_ESCAPE);
-    return game.QuitGame != False || escape;
+    return game.QuitGame != False || escape || gameAsked;
 }
 
 }  // namespace

@@ -15,6 +15,10 @@ struct GameStart {
 };
 inline GameStart gameStart;
 
+// Set by who wants a game at once, wherever the program is: a running game or the ending is left, and the title starts
+// the next one, which takes the wish back.
+inline bool gameAsked = false;
+
 // Runs one game. Called by TitleScreen; returns when the game is left.
 void GameLoop();
 
@@ -26,5 +30,7 @@ struct GameWatcher {
     void (*Started)(std::uint64_t seed) = nullptr;  // the game is set up; the first frame follows
     void (*FrameDone)() = nullptr;                  // a frame was played, before its yield to the window system
     void (*Ended)() = nullptr;
+    // An author has changed tables or state under the running game: it cannot be played again from its events.
+    void (*Disturbed)() = nullptr;
 };
 inline GameWatcher gameWatcher;

@@ -66,7 +66,7 @@ void ShowInfoScreen() {
         ShowNow(MainForm.Crt);
         DoEvents();
         const bool timeIsUp = ElapsedMs(game.FrameStart) >= kIdleTime;
-        if (keys.Pressed() || timeIsUp) return;
+        if (keys.Pressed() || timeIsUp || gameAsked) return;
         WaitMs(kPollingStep);
         keys.SeeRelease();
     }
@@ -95,7 +95,7 @@ void TitleScreen() {
     StartKeys keys;
     for (;;) {
         DoEvents();
-        if (keys.Pressed()) {
+        if (keys.Pressed() || gameAsked) {
             RunGame();
             keys = {};
             DrawTitle();

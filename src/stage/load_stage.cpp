@@ -131,6 +131,7 @@ void EnterStage(const Play& play) {
         RemovePicture(MainForm.B_Crt);
     }
     EndOnError(ReadStageData(play.file));
+    if (tableRead) tableRead(play);
     OpenMidi(play.music);
     PlayMidi(True);
 }

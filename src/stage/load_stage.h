@@ -12,6 +12,9 @@ void LoadStage();
 // and at each stage change of the normal game. A missing or short table ends the program as above.
 void EnterStage(const Play& play);
 
+// Called when EnterStage has read the play's table: unsaved work of an author is put over it here. Null: nothing.
+inline void (*tableRead)(const Play& play) = nullptr;
+
 // The ship in its starting place.
 void CentreShip();
 

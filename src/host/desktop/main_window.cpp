@@ -8,6 +8,7 @@
 #include <QtWidgets/QVBoxLayout>
 #include <algorithm>
 
+#include "host/desktop/desktop.h"
 #include "host/desktop/placing.h"
 #include "state/main_form.h"
 #include "state/state.h"
@@ -61,6 +62,12 @@ void MainWindow::AddKeys() {
         auto* shortcut = new QShortcut(keys, this);
         shortcut->setAutoRepeat(false);
         connect(shortcut, &QShortcut::activated, this, [this] { SetFullScreen(!showing_.fullScreen); });
+    }
+    for (const Extra& extra : TheHost().extras) {
+        if (extra.key.isEmpty()) continue;
+        auto* shortcut = new QShortcut(extra.key, this);
+        shortcut->setContext(Qt::ApplicationShortcut);
+        connect(shortcut, &QShortcut::activated, this, extra.chosen);
     }
 }
 
@@ -190,6 +197,10 @@ void MainWindow::contextMenuEvent(QContextMenuEvent* event) {
     menu->addSeparator();
     menu->addAction("Pause\tP", this, [this] { pause_.Ask(); })->setEnabled(Pause::InGame());
     addSwitch("Calm: softer flashes", showing_.calm, &MainWindow::SetCalm);
+    menu->addSeparator();
+    for (const Extra& extra : TheHost().extras) {
+        if (!extra.caption.isEmpty()) menu->addAction(extra.caption, this, extra.chosen)->setShortcut(extra.key);
+    }
     menu->popup(event->globalPos());
 }
 

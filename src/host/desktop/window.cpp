@@ -96,6 +96,7 @@ void PumpHost(std::vector<InputEvent>& events) {
     WaitForMenus(*host.window);
     host.window->Tidy();
     host.window->Pausing().Hold(host.joysticks);
+    host.frameHold.Hold();
     while (host.window->isMinimized() && !ClosingIsAsked()) desktop::StandStill();
     host.window->View().LetGoOfLostKeys();
     host.joysticks.Poll(host.events);

@@ -1,0 +1,31 @@
+#include "host/desktop/frame_hold.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/desktop/clock_stop.h"
+#include "host/desktop/pause.h"
+#include "host/desktop/waiting.h"
+
+namespace desktop {
+
+void FrameHold::Step() {
+    standing_ = step_ = true;
+}
+
+bool FrameHold::Wanted() const {
+    const bool asked = std::ranges::any_of(events_, [](const InputEvent& event) {
+        return event.kind == InputEvent::Kind::menu || event.kind == InputEvent::Kind::closeWindow;
+    });
+    return standing_ && !step_ && !asked && Pause::InGame();
+}
+
+void FrameHold::Hold() {
+    if (Wanted()) {
+        const ClockStop clockStop;
+        while (Wanted()) StandStill();
+    }
+    step_ = false;
+}
+
+}  // namespace desktop
