@@ -54,6 +54,7 @@ target_link_libraries(tarnveil_desktop PUBLIC tarnveil_state Qt6::Widgets PkgCon
 
 add_executable(tarnveil src/main.cpp src/options.cpp src/recorded_play.cpp)
 target_link_libraries(tarnveil PRIVATE tarnveil_desktop tarnveil_game tarnveil_command_line)
+target_compile_definitions(tarnveil PRIVATE TARNVEIL_VERSION="${PROJECT_VERSION}")
 add_papers(tarnveil 6)
 
 include(GNUInstallDirs)

@@ -32,7 +32,7 @@ target_include_directories(tarnveil_toolkit PRIVATE ${TARNVEIL_BUILT_IN_INCLUDE}
 set_source_files_properties(src/toolkit/surface.cpp PROPERTIES COMPILE_OPTIONS "$<$<NOT:$<CONFIG:Debug>>:-O3>")
 
 set(TARNVEIL_POSIX_FILES ${CMAKE_SOURCE_DIR}/src/host/posix_files.cpp ${CMAKE_SOURCE_DIR}/src/host/posix_staged_file.cpp
-    ${CMAKE_SOURCE_DIR}/src/host/posix_file_sets.cpp)
+    ${CMAKE_SOURCE_DIR}/src/host/posix_file_sets.cpp ${CMAKE_SOURCE_DIR}/src/host/posix_journal.cpp)
 # Hosts are objects, not archives: the game calls the host and the host the game. They see the two lowest floors only.
 # Which host a program gets is decided by what it links.
 add_library(tarnveil_headless OBJECT src/host/headless/headless.cpp ${TARNVEIL_POSIX_FILES})

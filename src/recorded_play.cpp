@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "host/window.h"
+#include "recording/keeper.h"
 #include "recording/recording.h"
 #include "shell/game_loop.h"
 #include "state/main_form.h"
@@ -94,8 +95,11 @@ int ReportReplay(int status) {
 }  // namespace
 
 std::string StartRecordedPlay(const Options& options) {
+    RescueRuns();
+    if (!options.replay.empty()) return StartReplaying(options);
     if (!options.record.empty()) StartRecorder(options.record);
-    return options.replay.empty() ? "" : StartReplaying(options);
+    StartKeepingRuns(TARNVEIL_VERSION);
+    return {};
 }
 
 int FinishRecordedPlay(int status) {

@@ -52,14 +52,6 @@ std::string Read(const std::string& text, Recording& recording) {
     return text.starts_with(kRecordingStart) ? ParseRecording(text, recording) : ParseLink(text, recording);
 }
 
-// By the player rather than by the ship's end or the stage's.
-bool LeftByHand(const Recording& recording) {
-    if (recording.endDigest == 0) return true;
-    if (recording.events.empty() || game.AllClear != False) return false;
-    const InputEvent& last = recording.events.back().event;
-    return last.item == MainForm.Menu301.Name || (last.kind == InputEvent::Kind::keyDown && last.code == VK_ESCAPE);
-}
-
 val Told(const Recording& recording) {
     val told = val::object();
     told.set("level", recording.level);
@@ -100,7 +92,7 @@ val Judge(const std::string& text) {
     told.set("played", result.frame);
     told.set("spread", framesSpread);
     told.set("stage", furthestStage);
-    told.set("won", game.MyPower > 0 && !LeftByHand(recording));
+    told.set("won", OutcomeOf(recording, game) == Outcome::won);
     told.set("energy", game.MyPower);
     told.set("digest", std::to_string(DigestState(game)));
     StopReplay();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 // Milliseconds on a 32-bit clock that wraps after 49.7 days. Only differences mean anything; take them with ElapsedMs.
 std::uint32_t timeGetTime();
@@ -12,3 +13,6 @@ void RestUntil(std::uint32_t time);
 
 // A number that differs from one moment to the next, to seed a game from.
 std::uint64_t SystemClockSeed();
+
+// Date and time of the place, "2026-11-23 10:43:46".
+std::string LocalDate();

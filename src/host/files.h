@@ -37,5 +37,15 @@ std::string WriteWholeFile(const std::string& path, std::span<const std::uint8_t
 // Makes the folder and those above it, where they are missing. Empty string when it is there, else the reason.
 std::string MakeFolder(const std::string& path);
 
+// The names of the plain files in the folder that end in `ending`, sorted; none when there is no such folder.
+std::vector<std::string> FilesIn(const std::string& folder, const std::string& ending);
+
+// Gives the file another path on the same disk; a file that is there already stays, and the renaming fails. Empty
+// string when done, else the reason.
+std::string RenameFile(const std::string& from, const std::string& to);
+
+// Empty string when there is no such file (any more), else the reason.
+std::string RemoveFile(const std::string& path);
+
 // One line to the log (standard error).
 void LogLine(const std::string& line);

@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "host/posix_descriptor.h"
@@ -69,4 +70,25 @@ std::string MakeFolder(const std::string& path) {
     std::error_code error;
     std::filesystem::create_directories(path, error);
     return error ? error.message() : "";
+}
+
+std::vector<std::string> FilesIn(const std::string& folder, const std::string& ending) {
+    std::vector<std::string> names;
+    std::error_code error;
+    for (std::filesystem::directory_iterator file(folder, error), end; !error && file != end; file.increment(error)) {
+        std::error_code unknown;
+        std::string name = file->path().filename().string();
+        if (name.ends_with(ending) && file->is_regular_file(unknown)) names.push_back(std::move(name));
+    }
+    std::ranges::sort(names);
+    return names;
+}
+
+std::string RenameFile(const std::string& from, const std::string& to) {
+    if (link(from.c_str(), to.c_str()) != 0) return SystemReason();
+    return unlink(from.c_str()) == 0 ? "" : SystemReason();
+}
+
+std::string RemoveFile(const std::string& path) {
+    return unlink(path.c_str()) == 0 || errno == ENOENT ? "" : SystemReason();
 }

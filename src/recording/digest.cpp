@@ -1,5 +1,6 @@
 #include "recording/digest.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <sstream>
@@ -37,71 +38,70 @@ std::uint64_t BitsOf(T value) {
 
 #define FIELD(name) visit(#name, s.name)
 
-template <typename Visit>
-void VisitFlow(const GameState& s, Visit visit) {
+template <typename State, typename Visit>
+void VisitFlow(State& s, Visit visit) {
     FIELD(DigestMode), FIELD(Level), FIELD(QuitGame), FIELD(AllClear), FIELD(BgmLoop);
 }
 
-template <typename Visit>
-void VisitScore(const GameState& s, Visit visit) {
+template <typename State, typename Visit>
+void VisitScore(State& s, Visit visit) {
     FIELD(Score), FIELD(HiScore);
 }
 
-template <typename Visit>
-void VisitScript(const GameState& s, Visit visit) {
+template <typename State, typename Visit>
+void VisitScript(State& s, Visit visit) {
     FIELD(StageNo), FIELD(StageIndex), FIELD(StageTimer), FIELD(BossDefeated), FIELD(StageClear), FIELD(GameOver);
     FIELD(MessageCount);
 }
 
-template <typename Visit>
-void VisitBackground(const GameState& s, Visit visit) {
+template <typename State, typename Visit>
+void VisitBackground(State& s, Visit visit) {
     FIELD(ScrollY), FIELD(ScrollSpeed), FIELD(StarMax), FIELD(StarReverse);
-    for (const StarType& star : s.Star)
-        visit("Star.X", star.X), visit("Star.Y", star.Y), visit("Star.Speed", star.Speed);
+    for (auto& star : s.Star) visit("Star.X", star.X), visit("Star.Y", star.Y), visit("Star.Speed", star.Speed);
 }
 
-template <typename Visit>
-void VisitShip(const GameState& s, Visit visit) {
+template <typename State, typename Visit>
+void VisitShip(State& s, Visit visit) {
     FIELD(MyX), FIELD(MyY), FIELD(MyMaxX), FIELD(MyMaxY), FIELD(MySpeed), FIELD(MyShipFrame), FIELD(MyPower);
     FIELD(MyDead), FIELD(DeadCount);
 }
 
-template <typename Visit>
-void VisitMyShots(const GameState& s, Visit visit) {
+template <typename State, typename Visit>
+void VisitMyShots(State& s, Visit visit) {
     FIELD(ShotMode), FIELD(MyShotWait), FIELD(ModeKeyFree);
-    for (const MyShotType& shot : s.MyShot) {
+    for (auto& shot : s.MyShot) {
         visit("MyShot.X", shot.X), visit("MyShot.Y", shot.Y), visit("MyShot.VX", shot.VX);
         visit("MyShot.VY", shot.VY), visit("MyShot.Used", shot.Used);
     }
 }
 
-template <typename Visit>
-void VisitEnemies(const GameState& s, Visit visit) {
+template <typename State, typename Visit>
+void VisitEnemies(State& s, Visit visit) {
     FIELD(EnemyMax), FIELD(BomWait), FIELD(HitSoundWait);
-    for (const EnemyType& e : s.Enemy) {
+    for (auto& e : s.Enemy) {
         visit("Enemy.X", e.X), visit("Enemy.Y", e.Y), visit("Enemy.Kind", e.Kind), visit("Enemy.HP", e.HP);
         visit("Enemy.Anime", e.Anime), visit("Enemy.State", e.State), visit("Enemy.BomFrame", e.BomFrame);
         visit("Enemy.Step", e.Step), visit("Enemy.Looping", e.Looping), visit("Enemy.LoopCount", e.LoopCount);
     }
 }
 
-template <typename Visit>
-void VisitEnemyShots(const GameState& s, Visit visit) {
+template <typename State, typename Visit>
+void VisitEnemyShots(State& s, Visit visit) {
     FIELD(EneShotMax);
-    for (const EneShotType& shot : s.EneShot) {
+    for (auto& shot : s.EneShot) {
         visit("EneShot.Kind", shot.Kind), visit("EneShot.X", shot.X), visit("EneShot.Y", shot.Y);
         visit("EneShot.VX", shot.VX), visit("EneShot.VY", shot.VY), visit("EneShot.Used", shot.Used);
         visit("EneShot.Count", shot.Count), visit("EneShot.Turns", shot.Turns);
         visit("EneShot.TrailWait", shot.TrailWait);
-        for (const Single x : shot.TX) visit("EneShot.TX", x);
-        for (const Single y : shot.TY) visit("EneShot.TY", y);
+        for (auto& x : shot.TX) visit("EneShot.TX", x);
+        for (auto& y : shot.TY) visit("EneShot.TY", y);
     }
 }
 
 #undef FIELD
 
-template <typename Visit>
-void VisitGroup(const GameState& s, StateGroup group, Visit visit) {
+template <typename State, typename Visit>
+void VisitGroup(State& s, StateGroup group, Visit visit) {
     switch (group) {
         case StateGroup::flow:
             return VisitFlow(s, visit);
@@ -129,6 +129,33 @@ void VisitGroup(const GameState& s, StateGroup group, Visit visit) {
 
 void HashGroup(Hash& hash, const GameState& state, StateGroup group) {
     VisitGroup(state, group, [&](const char*, auto value) { hash.Add(BitsOf(value), sizeof value); });
+}
+
+// The fields that setting up a game leaves as they are, and what the last one may have left there. Where a game begins
+// with something in use (State, Used but the player's), it would be no game that this program has set up.
+bool MayBeLeft(std::string_view name) {
+    constexpr std::string_view kSingle[] = {"BossDefeated", "MyShipFrame", "DeadCount",   "MyShotWait",
+                                            "ModeKeyFree",  "BomWait",     "HitSoundWait"};
+    if (name == "Enemy.State" || name == "EneShot.Used") return false;
+    const bool slot = name.starts_with("MyShot.") || name.starts_with("Enemy.") || name.starts_with("EneShot.");
+    return slot || std::ranges::find(kSingle, name) != std::end(kSingle);
+}
+
+template <typename State, typename Visit>
+void VisitAll(State& state, Visit visit) {
+    int number = 0;
+    for (int i = 0; i < kStateGroups; ++i) {
+        VisitGroup(state, static_cast<StateGroup>(i), [&](std::string_view name, auto& value) {
+            if (MayBeLeft(name)) visit(name, number, value);
+            ++number;
+        });
+    }
+}
+
+template <typename T>
+T FromBits(std::uint64_t bits) {
+    if constexpr (std::is_same_v<T, Single>) return std::bit_cast<Single>(static_cast<std::uint32_t>(bits));
+    if constexpr (!std::is_same_v<T, Single>) return static_cast<T>(bits);
 }
 
 template <typename T>
@@ -177,6 +204,33 @@ std::string DescribeGroup(const GameState& state, StateGroup group) {
         text += std::string(name) + '=' + ValueText(value);
     });
     return text;
+}
+
+std::vector<LeftField> FindLeftovers(const GameState& state) {
+    std::vector<LeftField> left;
+    VisitAll(state, [&](std::string_view, int number, const auto& value) {
+        std::uint64_t bits = BitsOf(value);
+        if constexpr (sizeof value < sizeof bits) bits &= (std::uint64_t{1} << 8 * sizeof value) - 1;
+        if (bits != 0) left.push_back({number, bits});
+    });
+    return left;
+}
+
+void PutLeftovers(const std::vector<LeftField>& left, GameState& state) {
+    auto next = left.begin();
+    VisitAll(state, [&](std::string_view, int number, auto& value) {
+        using Value = std::remove_reference_t<decltype(value)>;
+        value = Value{};
+        if (next != left.end() && next->field == number) value = FromBits<Value>(next++->bits);
+    });
+}
+
+bool LeftAnAdvantage(const std::vector<LeftField>& left) {
+    static GameState start;  // large
+    start = {};
+    PutLeftovers(left, start);
+    const bool shots = std::ranges::any_of(start.MyShot, [](const MyShotType& shot) { return shot.Used != 0; });
+    return shots || start.BossDefeated != False;
 }
 
 std::uint64_t DataDigest() {

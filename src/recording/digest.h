@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "state/state.h"
 
@@ -23,6 +24,22 @@ std::uint64_t DigestState(const GameState& state);
 
 // The group's fields with their values, for messages: "MyX=130 MyY=426 ...".
 std::string DescribeGroup(const GameState& state, StateGroup group);
+
+// A field of the state that setting up a game does not touch and in which an earlier game has left something other than
+// zero: its place among all fields, and its bits.
+struct LeftField {
+    int field;
+    std::uint64_t bits;
+
+    bool operator==(const LeftField&) const = default;
+};
+// What earlier games have left, in the order of the fields; and the way back, which puts zero everywhere else. Fields
+// out of order, or that no game leaves, are passed over.
+std::vector<LeftField> FindLeftovers(const GameState& state);
+void PutLeftovers(const std::vector<LeftField>& left, GameState& state);
+
+// Whether that helps in the next game: shots in flight, or a boss that counts as defeated.
+bool LeftAnAdvantage(const std::vector<LeftField>& left);
 
 // Fingerprint of all data tables in the program's folder.
 std::uint64_t DataDigest();

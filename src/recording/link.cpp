@@ -7,6 +7,7 @@
 #include <span>
 #include <vector>
 
+#include "toolkit/base64.h"
 #include "toolkit/deflate.h"
 
 namespace {
@@ -170,6 +171,7 @@ Bytes Pack(const Recording& recording) {
     Recording head = recording;
     head.events.clear();
     head.frames.clear();
+    head.checks.clear();
     const std::string text = FormatRecording(head);
     Bytes packed(text.begin(), text.end());
     packed.push_back(0);
@@ -191,33 +193,6 @@ std::string Unpack(const Bytes& packed, Recording& recording) {
     const std::optional<std::string> events = Unpacker(packedEvents, HeldAtStart(head)).Lines();
     if (!events || head.endFrames > kMostLinkFrames || !head.events.empty() || !head.frames.empty()) return kDamaged;
     return ParseRecording(text.insert(text.rfind("end "), *events), recording);
-}
-
-constexpr std::string_view kDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
-
-std::string Base64Url(const Bytes& bytes) {
-    std::string text;
-    unsigned bits = 0, word = 0;
-    for (const std::uint8_t byte : bytes) {
-        word = word << 8 | byte;
-        for (bits += 8; bits >= 6; bits -= 6) text += kDigits[word >> (bits - 6) & 0x3F];
-    }
-    if (bits > 0) text += kDigits[word << (6 - bits) & 0x3F];
-    return text;
-}
-
-std::optional<Bytes> FromBase64Url(std::string_view text) {
-    Bytes bytes;
-    unsigned bits = 0, word = 0;
-    for (const char digit : text) {
-        const auto value = kDigits.find(digit);
-        if (value == std::string_view::npos) return std::nullopt;
-        word = word << 6 | static_cast<unsigned>(value);
-        if ((bits += 6) < 8) continue;
-        bits -= 8;
-        bytes.push_back(static_cast<std::uint8_t>(word >> bits));
-    }
-    return bytes;
 }
 
 }  // namespace

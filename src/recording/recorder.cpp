@@ -1,9 +1,12 @@
-// Writing recordings: watches the game and taps its events.
+// Recording games: watches them and taps their events. The first one into a file that was asked for, every one into the
+// player's runs.
 #include <optional>
 #include <utility>
 
+#include "host/clock.h"
 #include "host/files.h"
 #include "platform/events.h"
+#include "recording/keeper.h"
 #include "recording/recording.h"
 #include "shell/game_loop.h"
 #include "state/main_form.h"
@@ -11,16 +14,25 @@
 
 namespace {
 
+constexpr int kJournalInterval = 26;  // frames: a second
+
 struct Recorder {
-    std::string path;
-    std::string pilot;
-    Recording recording;
-    EventTime now;
+    std::string path;  // of the first game; empty: not asked for
+    std::string pilot{};
+    bool keeps = false;  // every game becomes a run
+    std::string program{};
+    Recording recording{};
+    RunJournal journal{};
+    EventTime now{};
     bool running = false;
-    bool done = false;
+    bool done = false;      // the first game is written
     std::string problem{};  // why it could not be written
 };
 std::optional<Recorder> recorder;
+
+bool WantsFile() {
+    return !recorder->path.empty() && !recorder->done;
+}
 
 Recording HeaderOfGame(std::uint64_t seed) {
     Recording r;
@@ -36,32 +48,58 @@ Recording HeaderOfGame(std::uint64_t seed) {
     r.joyCenterY = game.JoyCenterY;
     r.hiScore = game.HiScore;
     r.dataDigest = DataDigest();
+    r.left = FindLeftovers(game);
     r.held = HeldKeys();
     r.sticks = JoystickReadings();
     return r;
 }
 
 void GameStarted(std::uint64_t seed) {
-    if (recorder->done) return;
-    recorder->recording = HeaderOfGame(seed);
-    recorder->recording.pilot = recorder->pilot;
+    Recorder& r = *recorder;
+    if (!WantsFile() && !r.keeps) return;
+    r.recording = HeaderOfGame(seed);
+    r.recording.pilot = r.pilot;
+    r.recording.program = r.program;
     // The first frame starts from a background that has been scrolled once already.
-    recorder->recording.scroll = game.ScrollY;
-    recorder->running = true;
+    r.recording.scroll = game.ScrollY;
+    r.now = {};
+    r.running = true;
+    if (r.keeps) r.journal.Begin(r.recording);
 }
 
 void FrameDone() {
-    if (!recorder->running) return;
-    recorder->recording.frames.push_back(DigestFrame(game));
-    recorder->recording.endFrames = ++recorder->now.frame;
-    recorder->now.yield = 0;
+    Recorder& r = *recorder;
+    if (!r.running) return;
+    if (WantsFile()) r.recording.frames.push_back(DigestFrame(game));
+    r.recording.endFrames = ++r.now.frame;
+    r.now.yield = 0;
+    r.recording.endScore = game.Score;
+    r.recording.endEnergy = game.MyPower;
+    r.recording.result.stage = game.StageNo;
+    r.recording.result.spread += game.ShotMode != 0;
+    if (!r.keeps) return;
+    if (r.now.frame % kCheckInterval == 0) r.recording.checks.push_back(DigestState(game));
+    if (r.now.frame % kJournalInterval == 0) r.journal.Add(r.recording);
 }
 
-void Write(Recorder& r) {
-    const std::string text = FormatRecording(r.recording);
+void WriteFile(Recorder& r) {
+    r.done = true;
+    Recording recording = r.recording;
+    recording.checks.clear();
+    if (!r.keeps) recording.result = {};
+    const std::string text = FormatRecording(recording);
     const std::string reason =
         WriteWholeFile(r.path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
     if (!reason.empty()) r.problem = r.path + ": the recording cannot be written: " + reason;
+}
+
+// The best scores are on their way to the disk too; nobody waits for this one.
+void KeepAsRun(Recorder& r) {
+    Run run{.date = LocalDate(), .picture = PictureOfNow(), .recording = r.recording};
+    run.recording.frames.clear();
+    const std::string problem = run.recording.endFrames > 0 ? KeepRun(run) : "";
+    if (!problem.empty()) LogLine(problem);
+    r.journal.End();
 }
 
 // Ends the recording with the frames it has. It is written now: what comes after the game cannot lose it.
@@ -70,9 +108,10 @@ void CutOff() {
     if (!r.running) return;
     r.recording.endScore = game.Score;
     r.recording.endEnergy = game.MyPower;
+    r.recording.result.how = OutcomeOf(r.recording, game);
     r.running = false;
-    r.done = true;
-    Write(r);
+    if (WantsFile()) WriteFile(r);
+    if (r.keeps) KeepAsRun(r);
 }
 
 void GameEnded() {
@@ -98,14 +137,25 @@ void Tap(std::vector<InputEvent>& events) {
     ++recorder->now.yield;
 }
 
+void Watch() {
+    if (!recorder) recorder.emplace();
+    SetEventTap(Tap);
+    gameWatcher = {GameStarted, FrameDone, GameEnded, CutOff};
+}
+
 }  // namespace
 
 void StartRecorder(const std::string& path, const std::string& pilot) {
-    recorder.emplace();
+    recorder.reset();
+    Watch();
     recorder->path = path;
     recorder->pilot = pilot;
-    SetEventTap(Tap);
-    gameWatcher = {GameStarted, FrameDone, GameEnded, CutOff};
+}
+
+void StartKeepingRuns(const std::string& program) {
+    Watch();
+    recorder->keeps = true;
+    recorder->program = program;
 }
 
 std::string FinishRecorder() {

@@ -9,6 +9,7 @@
 
 #include "host/files.h"
 #include "recording/link.h"
+#include "recording/run.h"
 #include "stage/plays.h"
 #include "state/main_form.h"
 #include "state/options.h"
@@ -66,12 +67,24 @@ std::string From(const GameStart& start) {
            std::to_string(start.shotMode) + '\n';
 }
 
+void FormatOrigin(std::ostream& out, const Recording& r) {
+    if (!r.program.empty()) out << "program " << r.program << '\n' << "rules " << r.rules << '\n';
+    if (r.parent) out << "parent " << Hex(r.parent->digest, 16) << ' ' << r.parent->frame << '\n';
+}
+
+void FormatLeft(std::ostream& out, const std::vector<LeftField>& left) {
+    constexpr std::size_t kPerLine = 12;
+    for (std::size_t i = 0; i < left.size(); ++i) {
+        if (i % kPerLine == 0) out << (i == 0 ? "" : "\n") << "left";
+        out << ' ' << left[i].field << ':' << Hex(left[i].bits, 0);
+    }
+    if (!left.empty()) out << '\n';
+}
+
 void FormatHeader(std::ostream& out, const Recording& r) {
-    out << kFirstLine << '\n'
-        << "seed " << r.seed << '\n'
-        << "level " << r.level << '\n'
-        << "play " << r.play << '\n'
-        << From(r.start);
+    out << kFirstLine << '\n';
+    FormatOrigin(out, r);
+    out << "seed " << r.seed << '\n' << "level " << r.level << '\n' << "play " << r.play << '\n' << From(r.start);
     if (!r.pilot.empty()) out << "pilot " << r.pilot << '\n';
     out << "options";
     for (const Option& option : kOptions) out << ' ' << option.word << '=' << r.options[option.item];
@@ -79,6 +92,7 @@ void FormatHeader(std::ostream& out, const Recording& r) {
     if (r.options[&MainFormType::Menu008])
         out << "joystick " << r.joyId << ' ' << r.joyCenterX << ' ' << r.joyCenterY << '\n';
     out << "scroll " << r.scroll << '\n' << "hiscore " << r.hiScore << '\n' << "data " << Hex(r.dataDigest, 16) << '\n';
+    FormatLeft(out, r.left);
     for (const InputEvent& stick : r.sticks) {
         out << "stick " << stick.code << ' ' << stick.x << ' ' << stick.y << ' ' << stick.buttons << '\n';
     }
@@ -194,6 +208,8 @@ void ParseEnd(Words& words, Recording& r) {
     words.Named("digest", r.endDigest, 16);
     const bool complete = r.endFrames == static_cast<int>(r.frames.size());
     if (r.endFrames < 0 || !(complete || r.frames.empty())) words.Bad();
+    const auto checked = static_cast<std::size_t>(std::max(0, r.endFrames) / kCheckInterval);
+    if (!r.checks.empty() && r.checks.size() != checked) words.Bad();
 }
 
 void ParseStart(Words& words, GameStart& start) {
@@ -217,6 +233,46 @@ void ParseOptions(Words& words, Recording& r) {
     }
 }
 
+void ParseParent(Words& words, Recording& r) {
+    Parent parent;
+    words.Number(parent.digest, 16);
+    words.Number(parent.frame);
+    if (parent.frame < 0) words.Bad();
+    r.parent = parent;
+}
+
+void ParseLeft(Words& words, Recording& r) {
+    while (words.More()) {
+        const std::string word = words.Text();
+        const auto colon = std::min(word.find(':'), word.size());
+        LeftField left{};
+        const char *start = word.data(), *end = start + word.size();
+        const bool place = std::from_chars(start, start + colon, left.field).ptr == start + colon;
+        if (!place || colon + 1 >= word.size() || std::from_chars(start + colon + 1, end, left.bits, 16).ptr != end)
+            return words.Bad();
+        r.left.push_back(left);
+    }
+}
+
+void ParseCheck(Words& words, Recording& r) {
+    int frame = 0;
+    std::uint64_t digest = 0;
+    words.Number(frame);
+    words.Number(digest, 16);
+    r.checks.push_back(digest);
+    if (frame != static_cast<int>(r.checks.size()) * kCheckInterval) words.Bad();
+}
+
+void ParseResult(Words& words, Recording& r) {
+    const std::string name = words.Text();
+    for (int i = 0; i < static_cast<int>(Outcome::count); ++i) {
+        if (name == OutcomeName(static_cast<Outcome>(i))) r.result.how = static_cast<Outcome>(i);
+    }
+    if (r.result.how == Outcome::unknown) words.Bad();
+    words.Number(r.result.stage);
+    words.Number(r.result.spread);
+}
+
 void ParseHeld(Words& words, Recording& r) {
     HeldKey key{};
     words.Number(key.code);
@@ -236,7 +292,19 @@ bool ParseLine(const std::string& line, Recording& r, bool& ended) {
     Words words(line);
     const std::string first = words.Text();
     if (ended) return false;
-    if (first == "seed")
+    if (first == "program")
+        r.program = words.Rest();
+    else if (first == "rules")
+        words.Number(r.rules);
+    else if (first == "parent")
+        ParseParent(words, r);
+    else if (first == "left")
+        ParseLeft(words, r);
+    else if (first == "check")
+        ParseCheck(words, r);
+    else if (first == "result")
+        ParseResult(words, r);
+    else if (first == "seed")
         words.Number(r.seed);
     else if (first == "level")
         words.OneOf(r.level, kDifficulties, &Difficulty::level);
@@ -277,20 +345,71 @@ bool LeavesProgram(const InputEvent& event) {
     return event.kind == Kind::closeWindow || (event.kind == Kind::menu && event.item == MainForm.Menu303.Name);
 }
 
+Outcome OutcomeOf(const Recording& recording, const GameState& state) {
+    if (recording.endDigest == 0) return Outcome::cutOff;
+    if (state.MyDead != False) return Outcome::lost;
+    if (state.AllClear != False) return Outcome::won;
+    const bool byHand = std::ranges::any_of(recording.events, [&](const RecordedEvent& recorded) {
+        const InputEvent& event = recorded.event;
+        const bool escape = event.kind == Kind::keyDown && event.code == VK_ESCAPE;
+        return recorded.time.frame >= recording.endFrames && (escape || event.item == MainForm.Menu301.Name);
+    });
+    return byHand ? Outcome::left : Outcome::won;
+}
+
+const char* OutcomeName(Outcome outcome) {
+    constexpr const char* kNames[] = {"unknown", "won", "lost", "left", "cut-off"};
+    static_assert(std::size(kNames) == static_cast<std::size_t>(Outcome::count));
+    return kNames[static_cast<std::size_t>(outcome)];
+}
+
+std::string FormatHeader(const Recording& recording) {
+    std::ostringstream out;
+    out.imbue(std::locale::classic());
+    FormatHeader(out, recording);
+    return out.str();
+}
+
+std::string FormatEventLine(const RecordedEvent& event) {
+    return "event " + std::to_string(event.time.frame) + ' ' + std::to_string(event.time.yield) + ' ' +
+           FormatEvent(event.event) + '\n';
+}
+
+std::string FormatCheckLine(int frame, std::uint64_t digest) {
+    return "check " + std::to_string(frame) + ' ' + Hex(digest, 16) + '\n';
+}
+
+std::string FormatEnd(const Recording& r) {
+    const RunResult& result = r.result;
+    std::string text;
+    if (result.how != Outcome::unknown) {
+        text = std::string("result ") + OutcomeName(result.how) + ' ' + std::to_string(result.stage) + ' ' +
+               std::to_string(result.spread) + '\n';
+    }
+    return text + "end frames=" + std::to_string(r.endFrames) + " score=" + std::to_string(r.endScore) +
+           " energy=" + ExactText(r.endEnergy) + " digest=" + Hex(r.endDigest, 16) + '\n';
+}
+
 std::string FormatRecording(const Recording& r) {
     std::ostringstream out;
     out.imbue(std::locale::classic());
     FormatHeader(out, r);
-    for (const RecordedEvent& event : r.events) {
-        out << "event " << event.time.frame << ' ' << event.time.yield << ' ' << FormatEvent(event.event) << '\n';
-    }
+    for (const RecordedEvent& event : r.events) out << FormatEventLine(event);
+    for (std::size_t i = 0; i < r.checks.size(); ++i)
+        out << FormatCheckLine(static_cast<int>(i + 1) * kCheckInterval, r.checks[i]);
     for (std::size_t i = 0; i < r.frames.size(); ++i) {
         if (i % kFramesPerLine == 0) out << (i == 0 ? "" : "\n") << "frame " << i + 1;
         out << ' ' << HexOf(r.frames[i]);
     }
-    out << (r.frames.empty() ? "" : "\n") << "end frames=" << r.endFrames << " score=" << r.endScore
-        << " energy=" << ExactText(r.endEnergy) << " digest=" << Hex(r.endDigest, 16) << '\n';
+    out << (r.frames.empty() ? "" : "\n") << FormatEnd(r);
     return out.str();
+}
+
+std::uint64_t RunIdentity(const Recording& recording) {
+    if (recording.endDigest != 0) return recording.endDigest;
+    std::uint64_t hash = 0xCBF29CE484222325u;  // FNV-1a
+    for (const char c : FormatRecording(recording)) hash = (hash ^ static_cast<std::uint8_t>(c)) * 0x100000001B3u;
+    return hash;
 }
 
 std::string ParseRecording(std::string_view text, Recording& recording) {
@@ -315,7 +434,12 @@ std::string ReadRecording(const std::string& path, Recording& recording) {
     if (LooksLikeLink(path)) return ParseLink(path, recording);
     const FileBytes file = ReadWholeFile(path);
     if (file.error != FileError::none) return path + ": " + file.reason;
+    Run run;
     const std::string error =
-        ParseRecording({reinterpret_cast<const char*>(file.bytes.data()), file.bytes.size()}, recording);
-    return error.empty() ? "" : path + ": " + error;
+        LooksLikeRun(file.bytes)
+            ? UnpackRun(file.bytes, run)
+            : ParseRecording({reinterpret_cast<const char*>(file.bytes.data()), file.bytes.size()}, run.recording);
+    if (!error.empty()) return path + ": " + error;
+    recording = std::move(run.recording);
+    return {};
 }

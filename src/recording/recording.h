@@ -2,6 +2,9 @@
 // a fingerprint of the data tables, every event with its place in time, and a fingerprint of every frame.
 //
 //   tarnveil-recording 1
+//   program 1.0                that recorded it; none: before programs said so
+//   rules 1                    of play it was recorded under; none: 1
+//   parent 0123456789abcdef 512    end digest of the run it was taken over from, and after so many frames; else none
 //   seed 7
 //   level 2                    of kDifficulties
 //   play 0                     of kPlays
@@ -12,16 +15,20 @@
 //   scroll 120                 ScrollY at the start
 //   hiscore 0                  HiScore at the start
 //   data 0123456789abcdef
+//   left 12:3f800000 40:2      what earlier games have left in the state (digest.h): field, bits
 //   held 38 1 0                key, down, pressed since: keys held as the game begins
 //   stick 0 32767 0 1          joystick, x, y, buttons as the game begins
 //   event FRAME YIELD key-down 88
+//   check 256 0123456789abcdef       digest of the whole state after each kCheckInterval-th frame; none, or all
 //   frame FIRST digest digest ...    none, or all frames
+//   result won 3 250           how it ended, the last stage, frames with the spread shot; none: not said
 //   end frames=1234 score=560 energy=7 digest=0123456789abcdef
 //
 // A digest of 0 in the end line marks a game that was cut off: the program was left, or an editor opened.
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,6 +38,31 @@
 #include "shell/game_loop.h"
 #include "state/options.h"
 #include "toolkit/input_state.h"
+
+// The rules of play, raised when a recorded game (tests/runs) no longer plays as it did.
+inline constexpr int kRulesVersion = 1;
+
+inline constexpr int kCheckInterval = 256;  // frames
+
+// How a game ended. `left`: by the player.
+enum class Outcome { unknown, won, lost, left, cutOff, count };
+const char* OutcomeName(Outcome outcome);
+
+struct RunResult {
+    Outcome how = Outcome::unknown;
+    int stage = 0;   // StageNo in the last frame
+    int spread = 0;  // frames with the spread shot
+
+    bool operator==(const RunResult&) const = default;
+};
+
+// The run that a run was taken over from, and where.
+struct Parent {
+    std::uint64_t digest = 0;  // at its end; or of what identifies it, when it was cut off (RunIdentity)
+    int frame = 0;
+
+    bool operator==(const Parent&) const = default;
+};
 
 // When an event is taken: after so many frames, at the so-manieth yield since then.
 struct EventTime {
@@ -48,6 +80,9 @@ struct RecordedEvent {
 };
 
 struct Recording {
+    std::string program;
+    int rules = kRulesVersion;
+    std::optional<Parent> parent;
     std::uint64_t seed = 0;
     int level = kNomal;
     int play = 0;
@@ -60,11 +95,14 @@ struct Recording {
     int scroll = 0;
     int hiScore = 0;
     std::uint64_t dataDigest = 0;
+    std::vector<LeftField> left;
     std::vector<HeldKey> held;
     std::vector<InputEvent> sticks;
     std::vector<RecordedEvent> events;
-    std::vector<FrameDigest> frames;  // frames[0] is the first one; empty: only the end is known
-    int endFrames = 0;                // frames played
+    std::vector<FrameDigest> frames;    // frames[0] is the first one; empty: only the end is known
+    std::vector<std::uint64_t> checks;  // checks[0] after kCheckInterval frames; empty: none
+    RunResult result;
+    int endFrames = 0;  // frames played
     int endScore = 0;
     float endEnergy = 0;
     std::uint64_t endDigest = 0;  // 0: cut off
@@ -77,10 +115,23 @@ std::string FormatRecording(const Recording& recording);
 // The event as its line has it, behind the time: "key-down 88".
 std::string FormatEvent(const InputEvent& event);
 
+// A part of the text: what stands before the events, and one event's line.
+std::string FormatHeader(const Recording& recording);
+std::string FormatEventLine(const RecordedEvent& event);
+std::string FormatCheckLine(int frame, std::uint64_t digest);
+// The last line, and that of the result before it.
+std::string FormatEnd(const Recording& recording);
+
 // Empty when done, else what is wrong, with the line number.
 std::string ParseRecording(std::string_view text, Recording& recording);
-// From a file, or from a link to a game (link.h).
+// From a file (a recording, or a run: run.h), or from a link to a game (link.h).
 std::string ReadRecording(const std::string& path, Recording& recording);
+
+// How the game that has just been left has ended: by its last event, and the state it leaves.
+Outcome OutcomeOf(const Recording& recording, const GameState& state);
+
+// A number by which other runs call this one: its end digest, or a fingerprint of its events when it was cut off.
+std::uint64_t RunIdentity(const Recording& recording);
 
 // Whether the event ends the program: such events are not part of a recording.
 bool LeavesProgram(const InputEvent& event);
@@ -88,6 +139,10 @@ bool LeavesProgram(const InputEvent& event);
 // Records the first game from here on into `path`, written when the game or the program ends. Opening an editor ends
 // the recording there: what it changes in the tables is not an event.
 void StartRecorder(const std::string& path, const std::string& pilot = {});
+
+// Every game from here on becomes a run of the player's (keeper.h), beside a recording that StartRecorder may have
+// asked for. `program`: the version that is told in them.
+void StartKeepingRuns(const std::string& program);
 
 // Stops recording; a game that is still going on is written as far as it has come. Empty, or why the recording could
 // not be written.

@@ -33,6 +33,7 @@ void GameStarted(std::uint64_t) {
     game.JoyCenterY = played.joyCenterY;
     game.ScrollY = static_cast<Integer>(played.scroll);
     game.HiScore = played.hiScore;
+    PutLeftovers(played.left, game);
     ResetInputState();
     for (const InputEvent& stick : played.sticks) ApplyInput(stick);
     for (const HeldKey& key : played.held) HoldKey(key);
@@ -60,6 +61,11 @@ void Differ(const std::string& message) {
     game.QuitGame = True;
 }
 
+bool CheckAgrees() {
+    const auto index = static_cast<std::size_t>(now.frame / kCheckInterval - 1);
+    return index >= played.checks.size() || DigestState(game) == played.checks[index];
+}
+
 void FrameDone() {
     if (result.state != ReplayState::playing) return;
     const auto index = static_cast<std::size_t>(now.frame);
@@ -68,6 +74,7 @@ void FrameDone() {
     idleYields = 0;
     result.frame = now.frame;
     if (now.frame > played.endFrames) return Differ("the game goes on after the recording's last frame");
+    if (now.frame % kCheckInterval == 0 && !CheckAgrees()) return Differ("its events do not lead to its check");
     if (played.frames.empty()) return;
     const FrameDigest digest = DigestFrame(game);
     if (digest != played.frames[index]) Differ(DescribeDifference(digest, played.frames[index]));

@@ -37,12 +37,12 @@ std::vector<std::uint8_t> Deflate(std::span<const std::uint8_t> bytes) {
     return {packed.get(), packed.get() + size};
 }
 
+// The room is not cleared: only what is filled takes memory.
 std::optional<std::vector<std::uint8_t>> Inflate(std::span<const std::uint8_t> bytes, std::size_t most) {
-    std::vector<std::uint8_t> text(most);
+    const auto text = std::make_unique_for_overwrite<char[]>(most);
     const int size =
-        stbi_zlib_decode_buffer(reinterpret_cast<char*>(text.data()), static_cast<int>(text.size()),
-                                reinterpret_cast<const char*>(bytes.data()), static_cast<int>(bytes.size()));
+        stbi_zlib_decode_buffer(text.get(), static_cast<int>(most), reinterpret_cast<const char*>(bytes.data()),
+                                static_cast<int>(bytes.size()));
     if (size < 0) return std::nullopt;
-    text.resize(static_cast<std::size_t>(size));
-    return text;
+    return std::vector<std::uint8_t>(text.get(), text.get() + size);
 }

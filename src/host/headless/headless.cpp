@@ -60,6 +60,10 @@ std::uint64_t SystemClockSeed() {
     return TheHost().systemSeed++;
 }
 
+std::string LocalDate() {
+    return TheHost().date;
+}
+
 void PumpHost(std::vector<InputEvent>& events) {
     headless::Host& host = TheHost();
     ++host.yields;

@@ -20,6 +20,8 @@ struct Host {
     std::uint32_t stepPerReading = 1;
     std::uint64_t systemSeed = 1;  // of the next game that is seeded from the clock; counts up
 
+    std::string date = "2026-01-02 03:04:05";
+
     std::vector<InputEvent> events;  // taken at the next yield
     std::function<void()> onYield;   // runs at each yield before the events are taken; may add events or throw
     int yields = 0;

@@ -3,6 +3,7 @@
 #include <emscripten.h>
 
 #include <chrono>
+#include <ctime>
 
 #include "host/web/page.h"
 
@@ -26,4 +27,13 @@ void RestUntil(std::uint32_t time) {
 
 std::uint64_t SystemClockSeed() {
     return static_cast<std::uint64_t>(std::chrono::system_clock::now().time_since_epoch().count());
+}
+
+std::string LocalDate() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    char text[sizeof "2026-11-23 10:43:46"] = {};
+    std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &local);
+    return text;
 }

@@ -71,6 +71,31 @@ std::string MakeFolder(const std::string&) {
     return {};
 }
 
+std::vector<std::string> FilesIn(const std::string& folder, const std::string& ending) {
+    std::vector<std::string> names;
+    for (const auto& [path, bytes] : written) {
+        std::string name = NameIn(folder, path);
+        if (name.ends_with(ending) && name.find('/') == std::string::npos) names.push_back(std::move(name));
+    }
+    return names;
+}
+
+std::string RenameFile(const std::string& from, const std::string& to) {
+    if (written.contains(to)) return std::strerror(EEXIST);
+    const FileBytes file = ReadWholeFile(from);
+    if (file.error != FileError::none) return file.reason;
+    std::string reason = WriteWholeFile(to, file.bytes);
+    return reason.empty() ? RemoveFile(from) : reason;
+}
+
+// What the page keeps of it stays there, empty.
+std::string RemoveFile(const std::string& path) {
+    if (!written.contains(path)) return {};
+    std::string reason = WriteWholeFile(path, {});
+    written.erase(path);
+    return reason;
+}
+
 // Each file is kept by itself: no set is ever half written.
 std::string CompleteFileSet(const std::string&) {
     return {};
