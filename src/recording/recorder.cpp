@@ -115,7 +115,8 @@ void CutOff() {
 }
 
 void GameEnded() {
-    if (recorder->running) recorder->recording.endDigest = DigestState(game);
+    const bool byEvents = !gameAsked;  // else there is nothing in the recording that ends it
+    if (recorder->running && byEvents) recorder->recording.endDigest = DigestState(game);
     CutOff();
 }
 
