@@ -1,10 +1,12 @@
 // tarnveil-tables: from Lua to the data files and back.
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstdlib>
 #include <random>
 
 #include "dump_tables.h"
+#include "stage/stage_script.h"
 #include "tables_fixture.h"
 
 namespace {
@@ -30,6 +32,16 @@ std::string RunTool(const std::string& arguments, int status) {
     return ended == status ? "" : arguments + " ended with " + std::to_string(ended);
 }
 
+// The lines of the six sources, which are left in the folder.
+std::size_t DumpTo(const std::string& folder, const Tables& tables) {
+    std::size_t lines = 0;
+    for (const LuaSource& source : DumpTables(tables, NumberedNames())) {
+        std::ofstream(folder + "/" + source.name) << source.text;
+        lines += static_cast<std::size_t>(std::ranges::count(source.text, '\n'));
+    }
+    return lines;
+}
+
 TEST_F(TablesTest, RandomBytesSurviveDumpAndBuild) {
     std::mt19937 random(7);
     for (int round = 0; round < 3; ++round) {
@@ -37,9 +49,50 @@ TEST_F(TablesTest, RandomBytesSurviveDumpAndBuild) {
         DecodeEnemyData(RandomBytes(random, kEnemyDataFileBytes), original->EnemyData);
         DecodeEneMove(RandomBytes(random, kEneMoveFileBytes), original->EneMove);
         for (auto& stage : original->Stages) DecodeStageData(RandomBytes(random, kStageFileBytes), stage);
-        for (const LuaSource& source : DumpTables(*original)) Write(source.name, source.text);
+        DumpTo(folder, *original);
         ASSERT_EQ("", Build());
         EXPECT_EQ(Encoded(*original), Encoded(*tables)) << "round " << round;
+    }
+}
+
+// Few values, so that chance makes streams, rows, stairs, loops and jumps of all lengths, broken off anywhere.
+TEST_F(TablesTest, WhatIsRegularByChanceSurvivesDumpAndBuild) {
+    std::mt19937 random(8);
+    const auto draw = [&](auto... values) { return std::array{values...}[random() % sizeof...(values)]; };
+    for (int round = 0; round < 20; ++round) {
+        auto original = std::make_unique<Tables>();
+        for (auto& kind : original->EnemyData) kind.Score = static_cast<Byte>(random() % 2);
+        for (auto& pattern : original->EneMove) {
+            for (int i = 0; i < kMoveSteps; ++i) {
+                pattern[i] = {draw(0.0F, 0.1F * static_cast<Single>(i), 3.0F), draw(-0.0F, 0.0F, 0.0F, 0.0F),
+                              static_cast<Byte>(draw(i, i, i / 3) % 4), draw(Byte{0}, Byte{0}, Byte{1}, Byte{254})};
+            }
+        }
+        for (auto& stage : original->Stages) {
+            for (int i = 0; i < kStageEntries; ++i) {
+                stage[i] = {draw(40.0F, 40.0F, 7.0F * static_cast<Single>(i), 100.0F / 3), draw(-32.0F, -32.0F, 0.5F),
+                            draw(Integer{0}, Integer{1}, Integer{1}, Integer{kRepeat}),
+                            draw(Integer{0}, Integer{0}, Integer{9}), 1};
+            }
+        }
+        DumpTo(folder, *original);
+        ASSERT_EQ("", Build());
+        ASSERT_EQ(Encoded(*original), Encoded(*tables)) << "round " << round;
+    }
+}
+
+TEST_F(TablesTest, ADumpGroupsWhatIsRegular) {
+    auto shipped = std::make_unique<Tables>();
+    ASSERT_EQ("", ReadTables(std::string(TARNVEIL_ASSETS) + "/data", *shipped));
+    EXPECT_LT(DumpTo(folder, *shipped), 3700U);  // of 9,500 records
+    ASSERT_EQ("", Build());
+    EXPECT_EQ(Encoded(*shipped), Encoded(*tables));
+    std::ifstream source(folder + "/stage1.lua");
+    const std::string text(std::istreambuf_iterator<char>(source), {});
+    for (const char* line : {"row { n = 7, No = \"kind_0\", X = 4, dx = 46.6666667, Y = -32, after = 2 } -- 16..22\n",
+                             "    entry { No = \"kind_2\", X = 34, Y = -32, Counter = i == 0 and 28 or 7 }\n",
+                             "entry { No = \"boss_entry\" } -- "}) {
+        EXPECT_NE(std::string::npos, text.find(line)) << line;
     }
 }
 
@@ -48,7 +101,7 @@ TEST_F(TablesTest, OddSinglesSurvive) {
                                   0x7fc00000, 0x7f800001, 0xffffffff, std::bit_cast<std::uint32_t>(0.1F)};
     auto original = std::make_unique<Tables>();
     for (std::size_t i = 0; i < std::size(bits); ++i) original->Stages[0][i].X = std::bit_cast<Single>(bits[i]);
-    for (const LuaSource& source : DumpTables(*original)) Write(source.name, source.text);
+    DumpTo(folder, *original);
     ASSERT_EQ("", Build());
     for (std::size_t i = 0; i < std::size(bits); ++i) {
         EXPECT_EQ(bits[i], std::bit_cast<std::uint32_t>(tables->Stages[0][i].X));

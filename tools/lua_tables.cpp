@@ -7,20 +7,14 @@
 #include <optional>
 #include <span>
 
-#include "combat/enemy_move.h"
 #include "lua_fields.h"
 #include "lua_script.h"
-#include "stage/stage_script.h"
+#include "lua_words.h"
 
 // The functions that scripts call return their fault instead of raising it: Lua raises errors by longjmp, which passes
 // over destructors. `Guarded` raises it once everything is cleaned up.
 
 namespace {
-
-const Names kStepNames = {{"move", 0}, {"jump", kJump}, {"repeat", kRepeatStep}, {"end", kEndOfEnemy}};
-const Names kCommandNames = {{"clear", kStageClear},     {"next_stage", kNextStage}, {"boss_wait_stop", kBossWaitStop},
-                             {"boss_entry", kBossEntry}, {"boss_wait", kBossWait},   {"pass", 254},
-                             {"restart", kRestart},      {"repeat", kRepeat}};
 
 struct Builder {
     explicit Builder(BuiltTables& built) : tables(built.tables), passages(built.passages) {}
@@ -62,8 +56,6 @@ std::string Result(lua_State* state, int number) {
     lua_pushinteger(state, number);
     return {};
 }
-
-constexpr std::size_t kLongestName = 100;  // what scripts make longer would only fill the memory
 
 std::string KeyText(lua_State* state, int index) {
     if (lua_type(state, index) == LUA_TSTRING) {
@@ -197,6 +189,13 @@ std::string RunStage(const std::string& folder, std::size_t stage, Builder& buil
     return script.Run();
 }
 
+template <std::size_t count>
+void KeepNames(const Names& names, GivenName (&given)[count]) {
+    for (const auto& [name, number] : names) {
+        if (number < static_cast<Integer>(count)) snprintf(given[number], sizeof given[number], "%s", name.c_str());
+    }
+}
+
 std::string RunSources(const std::string& folder, BuiltTables& built) {
     Builder builder(built);
     LuaScript moves(folder, kMoveTable.source);
@@ -208,6 +207,8 @@ std::string RunSources(const std::string& folder, BuiltTables& built) {
     LuaScript enemies(folder, kEnemyTable.source);
     enemies.Define("kind", Guarded<AddKind>, &builder);
     fault = enemies.Run();
+    KeepNames(builder.patterns, built.patternNames);
+    KeepNames(builder.kinds, built.kindNames);
     for (std::size_t i = 0; i < kStageTables && fault.empty(); ++i) fault = RunStage(folder, i, builder);
     return fault;
 }

@@ -30,9 +30,14 @@ struct Passages {
     Passage list[kMostPassages];  // of all stages, in order
 };
 
+inline constexpr std::size_t kLongestName = 100;  // what scripts make longer would only fill the memory
+using GivenName = char[kLongestName + 1];         // empty: none
+
 // All that the sources give. Plain values, because it comes out of another process.
 struct BuiltTables {
     Tables tables;
     Passages passages;
+    GivenName patternNames[kMovePatterns];
+    GivenName kindNames[kEnemyKinds];
 };
 std::string BuildTables(const std::string& folder, BuiltTables& built);

@@ -1,6 +1,7 @@
 // tarnveil-tables: the data files of the game from Lua sources and back, and a check of what they say.
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <span>
@@ -46,11 +47,24 @@ int WriteSources(const std::vector<LuaSource>& sources, const std::string& folde
     return kDone;
 }
 
-int Dump(const std::string& from, const std::string& to) {
+// The names that the sources in `folder` give; without a folder, numbered ones.
+std::string ReadNames(const std::string& folder, TableNames& names) {
+    names = NumberedNames();
+    if (folder.empty()) return {};
+    const auto built = std::make_unique<BuiltTables>();
+    const std::string fault = BuildTables(folder, *built);
+    std::ranges::copy(built->patternNames, names.patterns.begin());
+    std::ranges::copy(built->kindNames, names.kinds.begin());
+    return fault;
+}
+
+int Dump(const std::string& from, const std::string& to, const std::string& sourcesWithNames) {
     const auto tables = std::make_unique<Tables>();
-    const std::string fault = ReadTables(from, *tables);
+    TableNames names;
+    std::string fault = ReadNames(sourcesWithNames, names);
+    if (fault.empty()) fault = ReadTables(from, *tables);
     if (!fault.empty()) return Fail(fault);
-    const std::vector<LuaSource> sources = DumpTables(*tables);
+    const std::vector<LuaSource> sources = DumpTables(*tables, names);
     if (to != "-") return WriteSources(sources, to);
     for (const LuaSource& source : sources) printf("-- %s\n%s\n", source.name.c_str(), source.text.c_str());
     return kDone;
@@ -90,11 +104,12 @@ void AddFolders(CLI::App& command, std::string& from, std::string& to, const CLI
 
 int main(int argc, char** argv) {
     command_line::App app("tarnveil-tables", 1, "Makes and checks the tables of Tarnveil's stages.");
-    std::string from, to;
+    std::string from, to, names;
     CLI::App* build = app.add_subcommand("build", "make the six .DAT files from Lua sources");
     AddFolders(*build, from, to, CLI::ExistingDirectory);
     CLI::App* dump = app.add_subcommand("dump", "write the six .DAT files as Lua sources; to - prints them");
     AddFolders(*dump, from, to, CLI::ExistingDirectory | CLI::IsMember({"-"}));
+    command_line::AddFolder(*dump, "--names", names, "Lua sources whose names for kinds and patterns to use");
     CLI::App* check = app.add_subcommand("check", "say what is wrong in the six .DAT files");
     check->add_option("DIR", from, "where they are")->type_name("")->required()->check(CLI::ExistingDirectory);
     CLI::App* passages = app.add_subcommand("passages", "print the named passages of stages in Lua sources");
@@ -106,5 +121,5 @@ int main(int argc, char** argv) {
     if (const auto ended = app.Read(argc, argv)) return *ended;
     if (build->parsed()) return Build(from, to);
     if (passages->parsed()) return PrintPassages(from);
-    return dump->parsed() ? Dump(from, to) : Check(from);
+    return dump->parsed() ? Dump(from, to, names) : Check(from);
 }
