@@ -47,23 +47,14 @@ add_library(tarnveil_desktop OBJECT
   ${desktop}/menu_view.cpp ${desktop}/main_window.cpp ${desktop}/joysticks.cpp ${desktop}/form_widgets.cpp
   ${desktop}/form_window.cpp ${desktop}/window.cpp
   ${desktop}/clock.cpp ${desktop}/log.cpp ${TARNVEIL_POSIX_FILES} ${keys_down} ${audio})
-set_source_files_properties(${desktop}/program_folder.cpp PROPERTIES COMPILE_DEFINITIONS
-                            "TARNVEIL_SOURCE_DATA=\"${CMAKE_CURRENT_SOURCE_DIR}/assets/data\"")
+file(CREATE_LINK ${CMAKE_SOURCE_DIR}/assets/data ${CMAKE_BINARY_DIR}/data SYMBOLIC) # found beside the program
 target_link_libraries(tarnveil_desktop PUBLIC tarnveil_state Qt6::Widgets PkgConfig::SDL2 ${keys_down_libraries}
                       ${audio_libraries})
 
 add_executable(tarnveil src/main.cpp src/options.cpp src/recorded_play.cpp)
 target_link_libraries(tarnveil PRIVATE tarnveil_desktop tarnveil_game tarnveil_command_line)
 target_compile_definitions(tarnveil PRIVATE TARNVEIL_VERSION="${PROJECT_VERSION}")
-add_papers(tarnveil 6)
-
-include(GNUInstallDirs)
-install(DIRECTORY assets/data/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tarnveil/data)
-install(FILES packaging/tarnveil.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
-install(FILES packaging/tarnveil.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
-        RENAME net.tarnveil.Tarnveil.metainfo.xml)
-install(FILES assets/pictures/icon.png DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/32x32/apps
-        RENAME tarnveil.png)
+add_papers(tarnveil 6 game)
 set_source_files_properties(${desktop}/scaling.cpp PROPERTIES COMPILE_OPTIONS "$<$<NOT:$<CONFIG:Debug>>:-O3>")
 
 # What showing a frame costs, against one copy of the bytes shown.

@@ -14,7 +14,7 @@ if(nlohmann_json_FOUND)
                  tools/chart.cpp tools/sweep.cpp tools/summary.cpp tools/game_lines.cpp tools/progress.cpp)
   target_link_libraries(tarnveil-sim PRIVATE tarnveil_simulation tarnveil_headless tarnveil_command_line
                         nlohmann_json::nlohmann_json)
-  add_papers(tarnveil-sim 1)
+  add_papers(tarnveil-sim 1 tools)
 else()
   message(STATUS "nlohmann-json is not installed: tarnveil-sim is left out")
 endif()

@@ -14,6 +14,8 @@ const rate = 44100;
 const hashDigits = 10;
 const page = 'page', data = 'assets/data';
 
+const version = readFileSync('CMakeLists.txt', 'utf8').match(/^project\(tarnveil VERSION ([\d.]+)/m)[1];
+
 const hashOf = (bytes) => createHash('sha256').update(bytes).digest('hex').slice(0, hashDigits);
 
 // Sound files are made once for each content of piece and instrument.
@@ -68,13 +70,14 @@ function addPage() {
   for (const [called, name] of Object.entries(names)) html = html.replaceAll(`"${called}"`, `"${name}"`);
   const early = [...modules.values()].filter((name) => !/^(main|judge-worker)-/.test(name));
   html = html.replace('<script type="module"', early.map((name) => `<link rel="modulepreload" href="${name}">\n`).join('') + '<script type="module"');
+  html = html.replace('VERSION<', `${version}<`);
   files.set('index.html', Buffer.from(html));
 }
 
 function addWorker() {
   const list = ['./', ...files.keys()].filter((name) => name !== 'index.html');
-  const version = hashOf(Buffer.from(list.join() + hashOf(files.get('index.html'))));
-  const text = readFileSync(join(page, 'sw.js'), 'utf8').replace('VERSION', version).replace("['FILES']", JSON.stringify(list));
+  const content = hashOf(Buffer.from(list.join() + hashOf(files.get('index.html'))));
+  const text = readFileSync(join(page, 'sw.js'), 'utf8').replace('VERSION', content).replace("['FILES']", JSON.stringify(list));
   files.set('sw.js', Buffer.from(text));
 }
 

@@ -64,7 +64,7 @@ void RemoveShippedCopies(const fs::path& userFolder) {
 std::vector<fs::path> DataCandidates(const fs::path& executableFolder) {
     const char* wanted = std::getenv("TARNVEIL_DATA");
     return {wanted ? fs::path(wanted) : fs::path(), executableFolder / ".." / "share" / "tarnveil" / "data",
-            fs::path(TARNVEIL_SOURCE_DATA)};
+            executableFolder / "data"};
 }
 
 Folders ChooseFolders(const fs::path& executableFolder, const fs::path& userFolder,
