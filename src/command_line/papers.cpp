@@ -137,7 +137,7 @@ std::string ManPage(const CLI::App& app, int section) {
     const std::string name = Roff(app.get_name());
     const bool hasCommands = !app.get_subcommands({}).empty();
     return "'\\\" t\n.TH " + Upper(name) + " " + std::to_string(section) +
-           " \"\" \"Tarnveil " TARNVEIL_VERSION "\"\n.SH NAME\n" + name + " \\- " +
+           " \"\" \"Tarnveil " TARNVEIL_VERSION "\"\n.ad l\n.SH NAME\n" + name + " \\- " +
            Roff(AsPhrase(app.get_description())) + "\n.SH SYNOPSIS\n" + Usage(app) +
            (hasCommands ? " \\fICOMMAND\\fR" : "") + " [\\fIOPTION\\fR]...\n.SH DESCRIPTION\n" +
            Roff(app.get_description()) + "\n" + Commands(app) + ".SH OPTIONS\nValues may also be given as " +
