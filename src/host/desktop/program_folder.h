@@ -32,8 +32,8 @@ Folders ChooseFolders(const std::filesystem::path& executableFolder, const std::
 // each file whose content is that of any version that was ever shipped under its name; all others stay.
 void RemoveShippedCopies(const std::filesystem::path& userFolder);
 
-// Where the installed data may lie, best first: TARNVEIL_DATA, the share folder beside the executable's, a folder "data"
-// in the executable's, as a build has it.
+// Where the installed data may lie, best first: TARNVEIL_DATA, the share folder beside the executable's, a folder
+// "data" in the executable's, as a build has it.
 std::vector<std::filesystem::path> DataCandidates(const std::filesystem::path& executableFolder);
 
 }  // namespace desktop
