@@ -8,7 +8,8 @@ WEB_PACKAGES="emscripten cmake ninja-build libstb-dev fluidsynth timgm6mb-soundf
 # What only the tests, the author's tools and the checks need.
 TEST_PACKAGES="libgtest-dev liblua5.4-dev nlohmann-json3-dev python3-jsonschema parallel
                xvfb xauth openbox libxtst-dev"
-CHECK_PACKAGES="clang clang-format clang-tidy libclang-rt-dev git python3 python3-xlib weston qt6-wayland"
+CHECK_PACKAGES="clang clang-format clang-tidy libclang-rt-dev git python3 python3-xlib
+                weston sway wtype grim qt6-wayland"
 # Where the site is tried. npm is asked for only where node comes without it.
 BROWSER_PACKAGES="chromium firefox-esr node-typescript"
 # A screen where there is none.
