@@ -241,6 +241,7 @@ TEST_F(XKeyboardTest, AHeldEscThatClosesAMenuDoesNotLeaveTheGame) {
 TEST_F(XKeyboardTest, TheGameGoesOnAfterTheMenuBarHadTheKeyboard) {
     WhileTheProgramRuns([this] {
         const auto mark = [this] {
+            EXPECT_TRUE(Until([] { return Window().isActiveWindow(); }));
             user.Tap(kAlt);
             EXPECT_TRUE(Until([] { return Window().Menus().IsOpen(); }));
         };
