@@ -51,8 +51,15 @@ file(CREATE_LINK ${CMAKE_SOURCE_DIR}/assets/data ${CMAKE_BINARY_DIR}/data SYMBOL
 target_link_libraries(tarnveil_desktop PUBLIC tarnveil_state Qt6::Widgets PkgConfig::SDL2 ${keys_down_libraries}
                       ${audio_libraries})
 
+# The author's bench on the desktop: the one window that sees both the host and all floors.
+file(GLOB bench_window CONFIGURE_DEPENDS src/bench_window/*.cpp)
+add_headers(bench_window)
+add_library(tarnveil_bench_window STATIC ${bench_window})
+target_link_libraries(tarnveil_bench_window PUBLIC tarnveil_bench_window_headers tarnveil_game Qt6::Widgets
+                      $<TARGET_PROPERTY:tarnveil_desktop,INTERFACE_LINK_LIBRARIES>)
+
 add_executable(tarnveil src/main.cpp src/options.cpp src/recorded_play.cpp)
-target_link_libraries(tarnveil PRIVATE tarnveil_desktop tarnveil_game tarnveil_command_line)
+target_link_libraries(tarnveil PRIVATE tarnveil_bench_window tarnveil_desktop tarnveil_game tarnveil_command_line)
 target_compile_definitions(tarnveil PRIVATE TARNVEIL_VERSION="${PROJECT_VERSION}")
 add_papers(tarnveil 6 game)
 set_source_files_properties(${desktop}/scaling.cpp PROPERTIES COMPILE_OPTIONS "$<$<NOT:$<CONFIG:Debug>>:-O3>")

@@ -3,7 +3,9 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <memory>
 
+#include "bench_window/bench_window.h"
 #include "host/desktop/audio_setup.h"
 #include "host/desktop/desktop.h"
 #include "host/desktop/program_folder.h"
@@ -55,17 +57,33 @@ struct Sound {
     Sound& operator=(const Sound&) = delete;
 };
 
+// The line has been looked at: it is a place.
+TryOut FromPlace(const std::string& text) {
+    TryOut place;
+    static_cast<void>(ReadPlace(text, place));
+    return place;
+}
+
 int Fail(const std::string& reason) {
     std::fprintf(stderr, "tarnveil: %s\n", reason.c_str());
     MsgBox(reason, "Tarnveil");
     return kFailed;
 }
 
-int Play(const desktop::Options& options) {
+// For authors only; a replay has nothing to edit.
+std::unique_ptr<bench_window::BenchWindow> OpenBench(const desktop::Options& options) {
+    if (!options.author || !options.replay.empty()) return nullptr;
+    auto bench = std::make_unique<bench_window::BenchWindow>(desktop::TheHost());
+    if (!options.from.empty()) StartTryOut(FromPlace(options.from));
+    return bench;
+}
+
+int Run(const desktop::Options& options) {
     try {
         ApplyOptions(options);
         const std::string error = desktop::StartRecordedPlay(options);
         if (!error.empty()) return Fail(error);
+        const auto bench = OpenBench(options);
         const Sound sound;
         Main();
         return 0;
@@ -83,5 +101,5 @@ int main(int argc, char** argv) {
     if (const auto ended = desktop::ReadOptions(argc, argv, options)) return *ended;
     desktop::Host host(argc, argv);
     ApplyToWindow(options, host);
-    return Play(options);
+    return Run(options);
 }

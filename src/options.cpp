@@ -1,5 +1,6 @@
 #include "options.h"
 
+#include "author/try_out.h"
 #include "command_line/command_line.h"
 
 namespace desktop {
@@ -8,7 +9,13 @@ std::optional<int> ReadOptions(int argc, const char* const* argv, Options& optio
     using namespace command_line;
     App app("tarnveil", 6, "A vertically scrolling shooting game.");
     AddFolder(app, "--folder", options.folder, "use the tables, sounds, music and best scores in DIR");
-    AddFlag(app, "--author", options.author, "switch on the editors and the invincible mode");
+    auto* author = AddFlag(app, "--author", options.author, "switch on the editors, the bench and the invincible mode");
+    const auto takePlace = [&options](const std::string& text) {
+        options.from = text;
+        TryOut place;
+        return ReadPlace(text, place);
+    };
+    AddWord(app, "--from", "STAGE:ENTRY", takePlace, "start at that entry: stage2:40")->needs(author);
     AddNumber(app, "--seed", options.seed, 0, kAnyNumber, "start every game from the random seed N");
     AddFile(app, "--soundfont", options.soundFont, "play the music with the SoundFont FILE");
     auto* record = AddOutputFile(app, "--record", options.record, "record the first game into FILE");

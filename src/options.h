@@ -10,6 +10,7 @@ namespace desktop {
 struct Options {
     std::string folder;   // --folder; empty: not given
     bool author = false;  // --author
+    std::string from;     // --from; a place as ReadPlace takes it, or empty
     std::optional<std::uint64_t> seed;
     std::string soundFont;    // --soundfont; empty: not given
     std::string record;       // --record; empty: not given

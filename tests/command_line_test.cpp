@@ -99,6 +99,7 @@ Values ValuesFor(const std::string& program, const std::string& option, const st
     if (called == "FILE") return {{self}, {"", "/no/such/folder/file", "/tmp", "/dev/null"}};
     if (called == "A..B") return {{"1", "3..5"}, {"", "word", "-1", "0", "5..3", "1..", "18446744073709551616"}};
     if (called == "I/N") return {{"1/1", "2/3"}, {"", "word", "-1", "0", "0/3", "4/3", "1"}};
+    if (called == "STAGE:ENTRY") return {{"stage1:0", "attack:512"}, {"", "stage1", "stage1:513", "x:1", "stage1:x"}};
     const auto words = All(called, "([A-Za-z0-9]+)");
     if (called != "N") return {{*words.begin(), *words.rbegin()}, {"", "word", "-1", "0", "99999999999999999999"}};
     const std::string said = Output(program + " " + option + " word 2>&1; true");

@@ -1,8 +1,8 @@
 #include "dump_tables.h"
 
+#include "author/names.h"
 #include "author/pattern_run.h"
 #include "dump_parts.h"
-#include "lua_words.h"
 
 namespace {
 

@@ -7,9 +7,9 @@
 #include <optional>
 #include <span>
 
+#include "author/names.h"
 #include "lua_fields.h"
 #include "lua_script.h"
-#include "lua_words.h"
 
 // The functions that scripts call return their fault instead of raising it: Lua raises errors by longjmp, which passes
 // over destructors. `Guarded` raises it once everything is cleaned up.

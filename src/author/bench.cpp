@@ -111,6 +111,7 @@ void Bench::PutIntoGame(const TableChange& change, Direction direction) {
 
 void Bench::Step(const BenchAction& action, Direction direction) {
     for (const TableChange& change : action.changes) PutIntoGame(change, direction);
+    ++changes_;
 }
 
 void Bench::Record(BenchAction action) {
@@ -147,15 +148,14 @@ void Bench::TableLoaded(int table) {
     Copy(game.StageData, seen_);
 }
 
-// An editor window has read the file of another appearance table over the one in memory.
-bool Bench::IsOtherTable() {
+// An editor window may have read the file of another appearance table over the one in memory.
+void Bench::FindTableInGame() {
     for (int t = 0; t < kStageTables; ++t) {
         if (t == loaded_ || !std::ranges::equal(game.StageData, saved_.Stages[t])) continue;
         loaded_ = t;
-        Copy(game.StageData, seen_);
-        return true;
+        Copy(working_.Stages[t], seen_);
+        return;
     }
-    return false;
 }
 
 // The bench's tables with what `game` holds of them.
@@ -172,8 +172,8 @@ Tables Bench::InGame() const {
 }
 
 void Bench::Observe() {
-    const bool changed = loaded_ >= 0 && !std::ranges::equal(game.StageData, seen_);
-    if (changed && IsOtherTable()) return;
+    const bool changed = !std::ranges::equal(game.StageData, seen_);
+    if (changed) FindTableInGame();
     Act(InGame());
     if (changed) Copy(game.StageData, seen_);
 }
@@ -194,14 +194,15 @@ std::string Bench::Save() {
     return {};
 }
 
-std::vector<std::string> Bench::ChangedOnDisk() const {
+std::vector<std::string> Bench::ChangedOnDisk() {
+    auto disk = std::make_unique<Tables>();
+    if (!ReadAll(*disk).empty()) return {};
     std::vector<std::string> names;
-    for (const TableFile& file : AllFiles()) {
-        const FileBytes now = ReadFolderFile(file.name);
-        const auto known = file.encode(saved_, file.table);
-        if (now.error != FileError::none || now.bytes.size() < known.size()) continue;
-        if (!std::equal(known.begin(), known.end(), now.bytes.begin())) names.push_back(file.name);
+    for (const std::string& name : FilesThatDiffer(saved_, *disk)) {
+        const auto mine = FilesThatDiffer(working_, *disk);
+        if (std::ranges::find(mine, name) != mine.end()) names.push_back(name);
     }
+    if (names.empty()) saved_ = *disk;
     return names;
 }
 
@@ -212,6 +213,11 @@ void Bench::TakeFromDisk() {
     for (const TableChange& change : Differences(saved_, *disk)) Apply(change, Direction::forward, *next);
     saved_ = *disk;
     Act(*next, "taken from the disk");
+}
+
+void Bench::LeaveOnDisk() {
+    auto disk = std::make_unique<Tables>();
+    if (ReadAll(*disk).empty()) saved_ = *disk;
 }
 
 void Bench::KeepJournal() const {

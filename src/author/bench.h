@@ -27,6 +27,9 @@ class Bench {
     // when nothing differs. What was taken back and not done again is forgotten.
     void Act(const Tables& next, std::string label = "");
 
+    // Grows with everything that changes the tables: who shows them compares.
+    int Changes() const { return changes_; }
+
     // Takes over as one action what the three editor windows have stored in `game` since the last call. Called whenever
     // time has passed. The count of a repeat entry is left out: play itself changes it.
     void Observe();
@@ -49,11 +52,14 @@ class Bench {
     // written and why: it and those after it are as they were.
     std::string Save();
 
-    // Files that are no longer as they were read or saved here, by name; those that cannot be read are left out.
-    std::vector<std::string> ChangedOnDisk() const;
+    // Files that others have changed since they were read or saved here, by name; those that cannot be read are left
+    // out. What an editor window has saved is what the bench has too, and counts as saved.
+    std::vector<std::string> ChangedOnDisk();
 
     // Takes the content of those files as one action, so what was unsaved in them comes back by GoBack.
     void TakeFromDisk();
+    // Leaves them for what they are: what the bench has is unsaved against them.
+    void LeaveOnDisk();
 
     // Writes what is unsaved to the journal. Called after every action, so that a crash loses nothing; Save does it
     // too.
@@ -63,7 +69,7 @@ class Bench {
     void Step(const BenchAction& action, Direction direction);
     void PutIntoGame(const TableChange& change, Direction direction);
     void Record(BenchAction action);
-    bool IsOtherTable();
+    void FindTableInGame();
     Tables InGame() const;
 
     Tables working_{};
@@ -72,4 +78,5 @@ class Bench {
     int loaded_ = -1;
     std::vector<BenchAction> history_;
     std::size_t done_ = 0;
+    int changes_ = 0;
 };

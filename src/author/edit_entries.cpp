@@ -4,14 +4,14 @@
 #include <functional>
 #include <iterator>
 #include <limits>
+#include <memory>
 #include <vector>
 
+#include "author/field_size.h"
 #include "stage/stage_script.h"
 #include "toolkit/rounding.h"
 
 namespace {
-
-constexpr int kFieldWidth = 320;
 
 bool Exists(const EntryRange& range) {
     return range.table >= 0 && range.table < kStageTables && range.first >= 0 && range.first <= range.last &&
@@ -35,6 +35,10 @@ std::vector<Placed> Take(const Tables& tables, int table) {
     list.reserve(2 * kStageEntries);
     for (int i = 0; i < kStageEntries; ++i) list.push_back({tables.Stages[table][i], i});
     return list;
+}
+
+bool IsEnemy(const StageDataType& entry) {
+    return entry.No >= 0 && entry.No < kEnemyKinds;
 }
 
 bool JumpsBack(const StageDataType& entry) {
@@ -119,6 +123,25 @@ std::string DuplicateEntries(Tables& tables, const EntryRange& range) {
     return {};
 }
 
+std::string RepeatEntries(Tables& tables, const EntryRange& range, const Wave& wave) {
+    if (!Exists(range)) return NoSuchRange(range);
+    if (wave.copies < 1 || wave.copies >= kStageEntries) return "a wave has 1 to 512 copies";
+    if (wave.frames < 0) return "a wave cannot go back in time";
+    auto next = std::make_unique<Tables>(tables);
+    const int length = range.last - range.first + 1;
+    for (int n = wave.copies; n >= 1; --n) {  // all of them from the range itself, the last one first
+        std::string problem = DuplicateEntries(*next, range);
+        if (!problem.empty()) return problem;
+        StageDataType* copy = next->Stages[range.table] + range.last + 1;
+        copy[0].Counter = static_cast<Integer>(std::min<int>(wave.frames, std::numeric_limits<Integer>::max()));
+        for (int i = 0; i < length; ++i) {
+            if (IsEnemy(copy[i]) && copy[i].X != kRandomX) copy[i].X += static_cast<Single>(n) * wave.across;
+        }
+    }
+    tables = *next;
+    return {};
+}
+
 std::string ShiftCounters(Tables& tables, const EntryRange& range, int frames) {
     return ForEach(tables, range, [&](StageDataType& entry) {
         const int most = std::numeric_limits<Integer>::max();
@@ -128,7 +151,7 @@ std::string ShiftCounters(Tables& tables, const EntryRange& range, int frames) {
 
 std::string MirrorX(Tables& tables, const EntryRange& range) {
     return ForEach(tables, range, [&](StageDataType& entry) {
-        if (entry.No < 0 || entry.No >= kEnemyKinds || entry.X == kRandomX) return;
+        if (!IsEnemy(entry) || entry.X == kRandomX) return;
         entry.X = static_cast<Single>(kFieldWidth - tables.EnemyData[entry.No].Width) - entry.X;
     });
 }

@@ -24,6 +24,15 @@ std::string MoveEntries(Tables& tables, const EntryRange& range, int before);
 // A copy of the range behind it. Fails when entries would be pushed out of the table.
 std::string DuplicateEntries(Tables& tables, const EntryRange& range);
 
+// A wave: `copies` more of the range behind it, each with its first entry `frames` after the last one before it and its
+// enemies `across` pixels further to the right. Fails as DuplicateEntries does, and for less than one copy.
+struct Wave {
+    int copies = 1;
+    int frames = 0;  // 0..32767
+    Single across = 0;
+};
+std::string RepeatEntries(Tables& tables, const EntryRange& range, const Wave& wave);
+
 // Adds to every Counter of the range; kept within 0..32767.
 std::string ShiftCounters(Tables& tables, const EntryRange& range, int frames);
 

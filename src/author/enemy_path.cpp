@@ -3,6 +3,7 @@
 #include <memory>
 #include <utility>
 
+#include "author/field_size.h"
 #include "combat/enemy_move.h"
 #include "combat/fire_patterns.h"
 #include "stage/stage_script.h"
@@ -37,13 +38,12 @@ class Aside {
 };
 
 Single StartX(Single x) {
-    constexpr Single kMiddle = 144;  // of the places that a random left edge may take
-    return x == kRandomX ? kMiddle : x;
+    return x == kRandomX ? kMiddleOfRandomX : x;
 }
 
 bool InField(const PathPoint& at, const EnemyDataType& kind) {
-    return at.X < static_cast<Single>(game.ScreenW) && at.Y < static_cast<Single>(game.ScreenH) &&
-           at.X + static_cast<Single>(kind.Width) > 0 && at.Y + static_cast<Single>(kind.Height) > 0;
+    return at.X < kFieldWidth && at.Y < kFieldHeight && at.X + static_cast<Single>(kind.Width) > 0 &&
+           at.Y + static_cast<Single>(kind.Height) > 0;
 }
 
 bool IsFire(const EneMoveType& step) {

@@ -28,7 +28,10 @@ struct EnemyPath {
     int leaves = -1;  // the first frame from which on nothing of it is in the playfield, -1: it never leaves
 };
 
-// Runs an enemy of that kind from (x, y), at most `frames` frames. An x of 700, a random place, starts at the middle of
-// the field. The state of the game, its random numbers and its picture are as before when it returns. Called at any
-// time between two frames; kinds outside 0..49 give a faulty path without points.
+// Where an enemy for a random place starts here: in the middle of the places that it may take.
+inline constexpr Single kMiddleOfRandomX = 144;
+
+// Runs an enemy of that kind from (x, y), at most `frames` frames. An x of 700, a random place, starts at
+// kMiddleOfRandomX. The state of the game, its random numbers and its picture are as before when it returns. Called at
+// any time between two frames; kinds outside 0..49 give a faulty path without points.
 EnemyPath PathOf(int kind, Single x, Single y, int frames);

@@ -11,10 +11,6 @@
 
 namespace {
 
-// How far an enemy's hit area reaches beyond (or, negative, falls short of) its sprite; open on all sides. The shot is
-// tested by its corner.
-constexpr int kReachLeft = 25, kReachTop = 24, kReachRight = -5, kReachBottom = -10;
-
 constexpr double kForwardDamage = 1.0;
 constexpr double kSpreadLoss = 0.6;    // of the damage, in the spread mode
 constexpr Integer kSoundInterval = 3;  // calls between two damage sounds

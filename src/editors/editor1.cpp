@@ -54,6 +54,7 @@ void ShowEntry() {
 
 void Form_Load() {
     Editor1.Centred = true;
+    Editor1["HScroll1"].Value = openAt;
     ShowEntry();
 }
 

@@ -9,6 +9,8 @@ extern Form Editor1;
 
 namespace editor1 {
 
+inline int openAt = 0;  // the entry that an opening shows
+
 void Form_Load();
 void HScroll1_Change();  // drops what was typed and not stored
 void Command3_Click();   // 変更: stores the entry shown; the fields keep what was typed

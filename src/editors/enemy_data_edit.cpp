@@ -75,6 +75,7 @@ void UpLoad() {
 
 void Form_Load() {
     EnemyDataEdit.Centred = true;
+    EnemyDataEdit["HScroll1"].Value = openAt;
     ReadFile();
     LoadData();
 }

@@ -8,6 +8,8 @@ extern Form EnemyDataEdit;
 
 namespace enemy_data_edit {
 
+inline int openAt = 0;  // the kind that an opening shows
+
 void LoadData();  // shows the kind at the scroll bar's value
 void UpLoad();    // stores the fields into that kind, all of them or, when one is refused, none
 

@@ -145,6 +145,8 @@ bool UpLoad() {
 
 void Form_Load() {
     EnemyMoveEdit.Centred = true;
+    EnemyMoveEdit["VScroll1"].Value = openAtPattern;
+    EnemyMoveEdit["HScroll1"].Value = openAtStep;
     ReadFile();
     Load();
 }

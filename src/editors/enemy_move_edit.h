@@ -40,6 +40,10 @@ void Command6_Click();  // Past, at the right
 void Command7_Click();  // Past & Inc: goes on to the next step, if there is one
 void Command9_Click();  // ｱﾆﾒｰｼｮﾝｾｯﾄ: the animation frames of the whole pattern
 
+// The pattern and the step that an opening shows.
+inline int openAtPattern = 0;
+inline int openAtStep = 0;
+
 // The step as typed, or none when a field was refused.
 std::optional<EneMoveType> ReadStep();
 void ShowStep(const EneMoveType& step);

@@ -39,6 +39,10 @@ void UseClockSeed() {
     fixedSeed.reset();
 }
 
+std::optional<std::uint64_t> FixedSeed() {
+    return fixedSeed;
+}
+
 std::uint64_t NextSeed() {
     return fixedSeed ? *fixedSeed : SystemClockSeed();
 }

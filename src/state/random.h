@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 // Starts the sequence `seed`. GameLoop calls it once per game, before LoadStage.
 void Randomize(std::uint64_t seed);
@@ -16,6 +17,7 @@ int RndInt(int span, int first = 0);
 // Makes the next games start from `seed` instead of the clock (--seed, replays, tests).
 void FixSeed(std::uint64_t seed);
 void UseClockSeed();
+std::optional<std::uint64_t> FixedSeed();
 
 // The seed for the game that is about to start: the fixed one, else from the clock.
 std::uint64_t NextSeed();
