@@ -86,8 +86,8 @@ DeskField Setting(DeskPlace place, const char* name, const char* tip, Number& va
         const auto read = NumberOf(text);
         const bool fits = read && *read >= static_cast<double>(least) && *read <= static_cast<double>(most);
         if (!fits) {
-            return std::string(name) + ": from " + TextOf(static_cast<double>(least)) + " to " +
-                   TextOf(static_cast<double>(most));
+            return std::string(name) + ": from " + TextOf(static_cast<Single>(least)) + " to " +
+                   TextOf(static_cast<Single>(most));
         }
         value = static_cast<Number>(*read);
         return {};

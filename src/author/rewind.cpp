@@ -100,12 +100,12 @@ void GoBack() {
     Keep();
 }
 
-// Back to the keys of now.
-void EndPast(Events& events) {
+// Back to the keys that were really down before these events.
+void EndPast(Events& events, const std::set<int>& down) {
     past.playing = false;
     past.yields.resize(past.next);
     Events now = {{InputEvent::Kind::allKeysUp}};
-    for (const int code : past.down) now.push_back({InputEvent::Kind::keyDown, code});
+    for (const int code : down) now.push_back({InputEvent::Kind::keyDown, code});
     events.insert(events.begin(), now.begin(), now.end());
 }
 
@@ -132,11 +132,9 @@ bool AskForMoment() {
 
 void TakeMomentsEvents(Events& events) {
     const bool pressed = std::ranges::any_of(events, [](const auto& e) { return e.kind == InputEvent::Kind::keyDown; });
+    const std::set<int> down = past.down;
     for (const InputEvent& event : events) Follow(event);
-    if (past.playing && (pressed || past.next >= past.yields.size())) {
-        if (pressed) std::erase_if(events, IsKeyNews);
-        EndPast(events);
-    }
+    if (past.playing && (pressed || past.next >= past.yields.size())) EndPast(events, down);
     if (past.playing) {
         std::erase_if(events, IsKeyNews);
         events.insert(events.end(), past.yields[past.next].begin(), past.yields[past.next].end());
