@@ -11,6 +11,7 @@ const programs = { chrome: '/usr/bin/chromium', firefox: '/usr/bin/firefox-esr' 
 export function serve(folder, port = 0) {
   const server = spawn('python3', [resolve(root, 'scripts/serve.py'), folder, String(port)], { stdio: ['ignore', 'pipe', 'inherit'] });
   return new Promise((done, fail) => {
+    process.once('exit', () => server.kill());
     server.once('exit', (code) => fail(new Error(`the server ended with ${code}`)));
     server.stdout.once('data', (line) => {
       const url = String(line).trim();
@@ -20,9 +21,12 @@ export function serve(folder, port = 0) {
   });
 }
 
-export function launch(browser) {
+export async function launch(browser) {
   const args = browser === 'chrome' ? ['--no-sandbox', '--autoplay-policy=document-user-activation-required'] : [];
-  return puppeteer.launch({ browser, executablePath: programs[browser], headless: true, args, timeout: 60000 });
+  const launched = await puppeteer.launch({ browser, executablePath: programs[browser], headless: true, args, timeout: 60000 });
+  // What it prints has to be taken: Firefox names pages by their whole address, and stands still when the pipe is full.
+  for (const stream of [launched.process().stdout, launched.process().stderr]) stream?.resume();
+  return launched;
 }
 
 /** How long a page may take for what comes at once on an idle machine; ms. */
