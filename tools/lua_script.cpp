@@ -4,8 +4,6 @@
 #include <iterator>
 #include <lua.hpp>
 
-#include "host/files.h"
-
 // Lua leaves a function by longjmp when an error is raised: no object with a destructor may live across a call that can
 // raise one.
 
@@ -114,7 +112,19 @@ void* SelfOf(lua_State* state) {
     return lua_touserdata(state, lua_upvalueindex(1));
 }
 
-LuaScript::LuaScript(std::string folder, std::string file) : folder_(std::move(folder)), file_(std::move(file)) {
+Origin OriginIn(lua_State* state, const std::string& source) {
+    Origin origin{};
+    lua_Debug frame;
+    for (int level = 1; lua_getstack(state, level, &frame) == 1; ++level) {
+        lua_getinfo(state, "Sl", &frame);
+        if (source != frame.short_src || frame.currentline <= 0) continue;
+        if (origin.inner == 0) origin.inner = frame.currentline;
+        origin.outer = frame.currentline;
+    }
+    return origin;
+}
+
+LuaScript::LuaScript(const SourceReader& read, std::string file) : read_(read), file_(std::move(file)) {
     state_ = lua_newstate(Reallocate, this);
     if (!state_) std::abort();
     OpenLibraries(state_);
@@ -137,7 +147,7 @@ void LuaScript::Define(const char* name, int (*function)(lua_State*), void* self
 }
 
 int LuaScript::Load(const std::string& name) {
-    const FileBytes file = ReadWholeFile(folder_ + "/" + name);
+    const FileBytes file = read_(name);
     if (file.error != FileError::none) {
         lua_pushfstring(state_, "%s: %s", name.c_str(), file.reason.c_str());
         return LUA_ERRFILE;

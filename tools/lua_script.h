@@ -2,8 +2,10 @@
 // The same source gives the same result on every run.
 #pragma once
 
+#include <functional>
 #include <string>
 
+#include "host/files.h"
 #include "limited_process.h"
 
 struct lua_State;
@@ -14,10 +16,13 @@ struct lua_Debug;
 inline WorkPlace ownPlace{};
 inline WorkPlace* scriptPlace = &ownPlace;
 
+// The content of a source by its name.
+using SourceReader = std::function<FileBytes(const std::string& name)>;
+
 class LuaScript {
   public:
-    // `file` is the name of the source inside `folder`.
-    LuaScript(std::string folder, std::string file);
+    // `file` is the name of the source; `read` gives it and what it includes.
+    LuaScript(const SourceReader& read, std::string file);
     LuaScript(const LuaScript&) = delete;
     LuaScript& operator=(const LuaScript&) = delete;
     ~LuaScript();
@@ -35,13 +40,20 @@ class LuaScript {
     static int AddOrigin(lua_State* state);
     int Load(const std::string& name);  // a Lua status; leaves a function or a message on the stack
 
-    std::string folder_;
+    SourceReader read_;
     std::string file_;
     lua_State* state_ = nullptr;
     std::size_t memory_ = 0;  // bytes in use
     int strides_ = 0;         // of instructions
     friend void* Reallocate(void* self, void* block, std::size_t oldSize, std::size_t newSize);
 };
+
+// A running function's place in a source: the line that is at work and the line of the source's own that has led to it.
+struct Origin {
+    int inner;
+    int outer;
+};
+Origin OriginIn(lua_State* state, const std::string& source);
 
 // The `self` that the running function was defined with.
 void* SelfOf(lua_State* state);

@@ -8,6 +8,7 @@
 #include <span>
 
 #include "author/names.h"
+#include "host/file_sets.h"
 #include "lua_fields.h"
 #include "lua_script.h"
 
@@ -17,10 +18,12 @@
 namespace {
 
 struct Builder {
-    explicit Builder(BuiltTables& built) : tables(built.tables), passages(built.passages) {}
+    explicit Builder(BuiltTables& built) : tables(built.tables), passages(built.passages), all(built) {}
 
     Tables& tables;
     Passages& passages;
+    BuiltTables& all;
+    std::string source{};  // the file that runs
     Names patterns{};
     Names kinds = kCommandNames;
     bool patternGiven[kMovePatterns] = {};
@@ -130,6 +133,7 @@ std::string AddStep(lua_State* state, Builder& builder) {
     std::string fault = FillRecord(state, what, FieldsOf(step, &kStepNames));
     if (!fault.empty()) return fault;
     builder.tables.EneMove[builder.pattern][builder.nextStep] = step;
+    builder.all.stepOrigins[builder.pattern][builder.nextStep] = OriginIn(state, builder.source);
     return Result(state, builder.nextStep++);
 }
 
@@ -146,17 +150,38 @@ std::string AddKind(lua_State* state, Builder& builder) {
     if (reason.empty()) reason = Register(heading, builder.kinds, builder.kindGiven[heading.number]);
     if (!reason.empty()) return what + ": " + reason;
     builder.tables.EnemyData[heading.number] = kind;
+    builder.all.kindOrigins[heading.number] = OriginIn(state, builder.source);
     builder.nextKind = heading.number + 1;
     return Result(state, heading.number);
 }
 
+constexpr int kLineRange = 100'000;  // of each of the two lines that here() makes one number of
+
+std::string Here(lua_State* state, Builder& builder) {
+    const Origin origin = OriginIn(state, builder.source);
+    lua_pushinteger(state,
+                    static_cast<lua_Integer>(origin.inner % kLineRange) * kLineRange + origin.outer % kLineRange);
+    return {};
+}
+
+// What here() told the caller, or the line that is at work now.
+Origin EntryOrigin(lua_State* state, const Builder& builder) {
+    lua_getfield(state, 1, "from");
+    const lua_Integer given = lua_isinteger(state, -1) ? lua_tointeger(state, -1) : 0;
+    lua_pop(state, 1);
+    if (given <= 0) return OriginIn(state, builder.source);
+    return {static_cast<int>(given / kLineRange % kLineRange), static_cast<int>(given % kLineRange)};
+}
+
 std::string AddEntry(lua_State* state, Builder& builder) {
+    constexpr std::string_view kExtra[] = {"from"};
     const std::string what = Numbered("entry ", builder.nextEntry);
     if (builder.nextEntry >= kStageEntries) return what + ": a table has room for 513 entries";
     StageDataType entry{};
-    std::string fault = FillRecord(state, what, FieldsOf(entry, &builder.kinds));
+    std::string fault = FillRecord(state, what, FieldsOf(entry, &builder.kinds), kExtra);
     if (!fault.empty()) return fault;
     builder.tables.Stages[builder.stage][builder.nextEntry] = entry;
+    builder.all.entryOrigins[builder.stage][builder.nextEntry] = EntryOrigin(state, builder);
     return Result(state, builder.nextEntry++);
 }
 
@@ -179,14 +204,22 @@ std::string NamePassage(lua_State* state, Builder& builder) {
     return Result(state, builder.passages.count);
 }
 
-std::string RunStage(const std::string& folder, std::size_t stage, Builder& builder) {
+std::string RunSource(const SourceReader& read, const std::string& source, Builder& builder,
+                      std::initializer_list<std::pair<const char*, lua_CFunction>> functions) {
+    builder.source = source;
+    LuaScript script(read, source);
+    for (const auto& [name, function] : functions) script.Define(name, function, &builder);
+    return script.Run();
+}
+
+std::string RunStage(const SourceReader& read, std::size_t stage, Builder& builder) {
     builder.stage = stage;
     builder.nextEntry = 0;
-    LuaScript script(folder, StageTable(stage).source);
-    script.Define("entry", Guarded<AddEntry>, &builder);
-    script.Define("next_entry", Guarded<NextEntry>, &builder);
-    script.Define("name_passage", Guarded<NamePassage>, &builder);
-    return script.Run();
+    return RunSource(read, StageTable(stage).source, builder,
+                     {{"entry", Guarded<AddEntry>},
+                      {"next_entry", Guarded<NextEntry>},
+                      {"here", Guarded<Here>},
+                      {"name_passage", Guarded<NamePassage>}});
 }
 
 template <std::size_t count>
@@ -196,32 +229,34 @@ void KeepNames(const Names& names, GivenName (&given)[count]) {
     }
 }
 
-std::string RunSources(const std::string& folder, BuiltTables& built) {
+std::string RunSources(const SourceReader& read, BuiltTables& built) {
     Builder builder(built);
-    LuaScript moves(folder, kMoveTable.source);
-    moves.Define("pattern", Guarded<BeginPattern>, &builder);
-    moves.Define("step", Guarded<AddStep>, &builder);
-    moves.Define("next_step", Guarded<NextStep>, &builder);
-    std::string fault = moves.Run();
+    std::string fault =
+        RunSource(read, kMoveTable.source, builder,
+                  {{"pattern", Guarded<BeginPattern>}, {"step", Guarded<AddStep>}, {"next_step", Guarded<NextStep>}});
     if (!fault.empty()) return fault;
-    LuaScript enemies(folder, kEnemyTable.source);
-    enemies.Define("kind", Guarded<AddKind>, &builder);
-    fault = enemies.Run();
+    fault = RunSource(read, kEnemyTable.source, builder, {{"kind", Guarded<AddKind>}});
     KeepNames(builder.patterns, built.patternNames);
     KeepNames(builder.kinds, built.kindNames);
-    for (std::size_t i = 0; i < kStageTables && fault.empty(); ++i) fault = RunStage(folder, i, builder);
+    for (std::size_t i = 0; i < kStageTables && fault.empty(); ++i) fault = RunStage(read, i, builder);
     return fault;
 }
 
 }  // namespace
 
-std::string BuildTables(const std::string& folder, BuiltTables& built) {
+std::string BuildTables(const SourceReader& read, BuiltTables& built) {
     built = {};
     const auto work = [&](WorkPlace& place) {
         scriptPlace = &place;
-        return RunSources(folder, built);
+        return RunSources(read, built);
     };
     return RunLimited(work, std::as_writable_bytes(std::span(&built, 1)));
+}
+
+std::string BuildTables(const std::string& folder, BuiltTables& built) {
+    std::string fault = CompleteFileSet(folder);
+    if (!fault.empty()) return fault;
+    return BuildTables([&](const std::string& name) { return ReadWholeFile(folder + "/" + name); }, built);
 }
 
 std::string BuildTables(const std::string& folder, Tables& tables) {

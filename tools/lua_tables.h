@@ -7,12 +7,15 @@
 // Numbers count up by themselves where none is given; a field left out is 0. MoveNo may be the name of a pattern, No
 // that of a kind or a command, Flag that of a control step. next_step() and next_entry() tell the number of the step
 // or entry that comes next: a jump target. A Single is rounded to seven digits, as the editors do; "#7FC00000" gives
-// its exact bits. name_passage(FRAME, NAME) notes what begins in a frame of a stage; it changes no table.
+// its exact bits. here() tells the line of the source that is at work; entry{from=} takes it back, for those who
+// write entries later than they are called. name_passage(FRAME, NAME) notes what begins in a frame of a stage; it
+// changes no table.
 #pragma once
 
 #include <string>
 
 #include "author/tables.h"
+#include "lua_script.h"
 
 // Runs the six sources of `folder` in the order moves, enemies, stages. Empty when all is done, else the first fault.
 // A build that takes more than 10 s of processor time is one.
@@ -39,5 +42,10 @@ struct BuiltTables {
     Passages passages;
     GivenName patternNames[kMovePatterns];
     GivenName kindNames[kEnemyKinds];
+    // Where in its own source each record was made: not in a file that the source includes.
+    Origin stepOrigins[kMovePatterns][kMoveSteps];
+    Origin kindOrigins[kEnemyKinds];
+    Origin entryOrigins[kStageTables][kStageEntries];
 };
 std::string BuildTables(const std::string& folder, BuiltTables& built);
+std::string BuildTables(const SourceReader& read, BuiltTables& built);

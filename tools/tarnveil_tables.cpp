@@ -12,8 +12,10 @@
 #include "author/tables.h"
 #include "command_line/command_line.h"
 #include "dump_tables.h"
+#include "host/file_sets.h"
 #include "host/files.h"
 #include "lua_tables.h"
+#include "merge_tables.h"
 
 namespace {
 
@@ -70,6 +72,22 @@ int Dump(const std::string& from, const std::string& to, const std::string& sour
     return kDone;
 }
 
+// Says what it does and what it cannot do; the sources change all together or not at all.
+int Merge(const std::string& from, const std::string& sources) {
+    const auto tables = std::make_unique<Tables>();
+    std::string fault = ReadTables(from, *tables);
+    if (!fault.empty()) return Fail(fault);
+    const MergeResult merged = MergeTables(*tables, sources);
+    if (!merged.fault.empty()) return Fail(merged.fault);
+    std::vector<NamedBytes> files;
+    for (const auto& [name, text] : merged.sources) files.push_back({name, {text.begin(), text.end()}});
+    fault = files.empty() ? "" : WriteFileSet(sources, files);
+    if (!fault.empty()) return Fail(fault);
+    for (const std::string& line : merged.done) printf("%s\n", line.c_str());
+    for (const std::string& line : merged.left) fprintf(stderr, "tarnveil-tables: not merged: %s\n", line.c_str());
+    return merged.left.empty() ? kDone : kFailed;
+}
+
 int Check(const std::string& folder) {
     const auto tables = std::make_unique<Tables>();
     const std::string fault = ReadTables(folder, *tables);
@@ -110,6 +128,8 @@ int main(int argc, char** argv) {
     CLI::App* dump = app.add_subcommand("dump", "write the six .DAT files as Lua sources; to - prints them");
     AddFolders(*dump, from, to, CLI::ExistingDirectory | CLI::IsMember({"-"}));
     command_line::AddFolder(*dump, "--names", names, "Lua sources whose names for kinds and patterns to use");
+    CLI::App* merge = app.add_subcommand("merge", "put what was changed in the six .DAT files into their Lua sources");
+    AddFolders(*merge, from, to, CLI::ExistingDirectory);
     CLI::App* check = app.add_subcommand("check", "say what is wrong in the six .DAT files");
     check->add_option("DIR", from, "where they are")->type_name("")->required()->check(CLI::ExistingDirectory);
     CLI::App* passages = app.add_subcommand("passages", "print the named passages of stages in Lua sources");
@@ -120,6 +140,7 @@ int main(int argc, char** argv) {
     app.require_subcommand(1);
     if (const auto ended = app.Read(argc, argv)) return *ended;
     if (build->parsed()) return Build(from, to);
+    if (merge->parsed()) return Merge(from, to);
     if (passages->parsed()) return PrintPassages(from);
     return dump->parsed() ? Dump(from, to, names) : Check(from);
 }

@@ -25,7 +25,7 @@ local function flush()
         return a.order < b.order
     end)
     for _, s in ipairs(pending) do
-        entry { X = s.x, Y = s.y, No = s.kind, Counter = s.time - written, Power = s.hp }
+        entry { X = s.x, Y = s.y, No = s.kind, Counter = s.time - written, Power = s.hp, from = s.from }
         written = s.time
     end
     pending = {}
@@ -62,7 +62,7 @@ function spawn(name, x, y, later, hp)
     local left = x == RANDOM and RANDOM or x - kind.w // 2
     pending[#pending + 1] = {
         time = now + (later or 0), order = #pending, kind = name,
-        x = left, y = y or -kind.h, hp = hp or kind.hp,
+        x = left, y = y or -kind.h, hp = hp or kind.hp, from = here(),
     }
 end
 
