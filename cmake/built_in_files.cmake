@@ -54,5 +54,5 @@ endfunction()
 
 file(GLOB_RECURSE built_in RELATIVE ${CMAKE_CURRENT_SOURCE_DIR}/assets CONFIGURE_DEPENDS
      ${CMAKE_CURRENT_SOURCE_DIR}/assets/pictures/* ${CMAKE_CURRENT_SOURCE_DIR}/assets/fonts/*
-     ${CMAKE_CURRENT_SOURCE_DIR}/assets/shipped_versions.txt)
+     ${CMAKE_CURRENT_SOURCE_DIR}/assets/released/*.tables ${CMAKE_CURRENT_SOURCE_DIR}/assets/shipped_versions.txt)
 built_in_files(built_in_files ${built_in})

@@ -60,7 +60,6 @@ target_link_libraries(tarnveil_bench_window PUBLIC tarnveil_bench_window_headers
 
 add_executable(tarnveil src/main.cpp src/options.cpp src/recorded_play.cpp)
 target_link_libraries(tarnveil PRIVATE tarnveil_bench_window tarnveil_desktop tarnveil_game tarnveil_command_line)
-target_compile_definitions(tarnveil PRIVATE TARNVEIL_VERSION="${PROJECT_VERSION}")
 add_papers(tarnveil 6 game)
 set_source_files_properties(${desktop}/scaling.cpp PROPERTIES COMPILE_OPTIONS "$<$<NOT:$<CONFIG:Debug>>:-O3>")
 

@@ -26,6 +26,7 @@ endforeach()
 add_library(tarnveil_game INTERFACE)
 target_link_libraries(tarnveil_game INTERFACE ${below})
 
+target_compile_definitions(tarnveil_recording PRIVATE TARNVEIL_VERSION="${PROJECT_VERSION}")
 target_sources(tarnveil_toolkit PRIVATE ${TARNVEIL_BUILT_IN_INCLUDE}/built_in_files.S)
 target_include_directories(tarnveil_toolkit PRIVATE ${TARNVEIL_BUILT_IN_INCLUDE})
 # The row loops need the vectoriser; without it they take more than twice the time.

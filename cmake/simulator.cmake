@@ -1,5 +1,5 @@
 # The simulator and its pilots: the whole game on the scripted host.
-add_library(tarnveil_simulation STATIC tools/fresh_program.cpp tools/simulation.cpp tools/renew.cpp tools/many_games.cpp tools/pilot.cpp
+add_library(tarnveil_simulation STATIC tools/fresh_program.cpp tools/simulation.cpp tools/renew.cpp tools/many_games.cpp tools/side_by_side.cpp tools/pilot.cpp
             tools/dodge_pilot.cpp tools/pilot_eyes.cpp)
 target_include_directories(tarnveil_simulation PUBLIC tools)
 target_link_libraries(tarnveil_simulation PUBLIC tarnveil_game)
@@ -11,7 +11,8 @@ find_package(nlohmann_json QUIET)
 if(nlohmann_json_FOUND)
   add_executable(tarnveil-sim tools/tarnveil_sim.cpp tools/sim_options.cpp tools/report.cpp tools/report_json.cpp
                  tools/promises.cpp
-                 tools/chart.cpp tools/sweep.cpp tools/summary.cpp tools/game_lines.cpp tools/progress.cpp)
+                 tools/chart.cpp tools/sweep.cpp tools/summary.cpp tools/game_lines.cpp tools/progress.cpp
+                 tools/verify_runs.cpp tools/verified_page.cpp)
   target_link_libraries(tarnveil-sim PRIVATE tarnveil_simulation tarnveil_headless tarnveil_command_line
                         nlohmann_json::nlohmann_json)
   add_papers(tarnveil-sim 1 tools)

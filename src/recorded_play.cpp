@@ -98,7 +98,7 @@ std::string StartRecordedPlay(const Options& options) {
     RescueRuns();
     if (!options.replay.empty()) return StartReplaying(options);
     if (!options.record.empty()) StartRecorder(options.record);
-    StartKeepingRuns(TARNVEIL_VERSION);
+    StartKeepingRuns();
     return {};
 }
 

@@ -1,6 +1,7 @@
 // The player's runs: every game becomes one that verifies, also the second of a session and one that was killed.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -11,10 +12,15 @@
 #include "pilot.h"
 #include "platform/events.h"
 #include "recording/keeper.h"
+#include "recording/released_tables.h"
 #include "recording/run.h"
+#include "recording/verify.h"
 #include "shell/title_screen.h"
 #include "simulation.h"
+#include "stage/plays.h"
+#include "state/options.h"
 #include "test_game.h"
+#include "toolkit/resources.h"
 
 namespace {
 
@@ -43,6 +49,20 @@ class RunsTest : public GameTest {
         return run;
     }
 
+    // A short game of a pilot as it is kept.
+    Recording Kept(std::uint64_t seed, int frames = 600) {
+        static const char* const kPilots[] = {"dodge", "beginner", "sweep", "practised"};
+        StartKeepingRuns();
+        ChooseRow(kDifficulties, &Difficulty::level, kDifficulties[seed % 3].level);
+        ChooseRow(kPlays, &Play::number, kPlays[seed % 4].number);
+        PlayGame(seed, frames, kPilots[seed % 4]);
+        EXPECT_EQ("", FinishRecorder());
+        const std::string path = ListRuns().at(0).path;
+        Recording recording = ReadRun(path).recording;
+        std::filesystem::remove(path);
+        return recording;
+    }
+
     static std::string Verified(const Recording& recording) {
         SimReport report;
         return VerifyRecording(recording, false, report);
@@ -54,7 +74,7 @@ class RunsTest : public GameTest {
 }  // namespace
 
 TEST_F(RunsTest, EveryGameOfASessionBecomesARunThatVerifiesByItself) {
-    StartKeepingRuns("1.0");
+    StartKeepingRuns();
     for (std::uint64_t seed = 1; seed <= 3; ++seed) {
         host.date.back() = static_cast<char>('0' + seed);
         PlayGame(seed, 600);
@@ -64,7 +84,7 @@ TEST_F(RunsTest, EveryGameOfASessionBecomesARunThatVerifiesByItself) {
     ASSERT_EQ(3u, runs.size());
     for (const KeptRun& kept : runs) {
         const SavedRun run = ReadRun(kept.path);
-        EXPECT_EQ("1.0", run.recording.program);
+        EXPECT_FALSE(run.recording.program.empty());
         EXPECT_EQ(Outcome::left, run.recording.result.how);
         EXPECT_EQ(2u, run.recording.checks.size());
         EXPECT_EQ(96u * 64, run.picture.pixels.size());
@@ -77,7 +97,7 @@ TEST_F(RunsTest, EveryGameOfASessionBecomesARunThatVerifiesByItself) {
 
 TEST_F(RunsTest, AKilledProgramLeavesARunUpToItsLastSecond) {
     const std::string dead = RunsFolder() + "/dead.tarnveil-journal";
-    StartKeepingRuns("1.0");
+    StartKeepingRuns();
     std::string living;
     const auto killed = [&] {
         living = RunsFolder() + "/" + FilesIn(RunsFolder(), ".tarnveil-journal").at(0);
@@ -140,7 +160,7 @@ TEST_F(RunsTest, TheNewestTheBestTheMarkedAndTheDamagedAreKept) {
 }
 
 TEST_F(RunsTest, RunsAreReadAsTheyWereWrittenAndDamagedOnesRefused) {
-    StartKeepingRuns("1.0");
+    StartKeepingRuns();
     PlayGame(4, 300);
     EXPECT_EQ("", FinishRecorder());
     const std::string path = ListRuns().at(0).path;
@@ -162,4 +182,119 @@ TEST_F(RunsTest, RunsAreReadAsTheyWereWrittenAndDamagedOnesRefused) {
     }
     EXPECT_NE("", UnpackRun(std::vector<std::uint8_t>(kMostRunBytes + 1, 0x78), again));
     EXPECT_NE("", UnpackRun({}, again));
+}
+
+// How many games the tests below try; a long check asks for more.
+namespace {
+
+int GamesToTry(int usual) {
+    const char* wanted = std::getenv("TARNVEIL_GAMES_TO_TRY");
+    return wanted ? std::atoi(wanted) : usual;
+}
+
+}  // namespace
+
+TEST_F(RunsTest, GamesOfPilotsAreVerified) {
+    for (int i = 0; i < GamesToTry(12); ++i) {
+        const Recording recording = Kept(static_cast<std::uint64_t>(i), 300 + i * 37 % 900);
+        const Verification verified = Verify(recording);
+        EXPECT_EQ("", verified.reason) << "seed " << i;
+        EXPECT_EQ(Verdict::agrees, verified.verdict);
+        EXPECT_EQ(recording.endScore, verified.score);
+    }
+}
+
+TEST_F(RunsTest, EachKindOfForgeryIsToldApart) {
+    using Change = void (*)(Recording&);
+    constexpr struct {
+        Verdict verdict;
+        Change change;
+    } kForgeries[] = {
+        {Verdict::forgedResult, [](Recording& r) { r.endScore += 10; }},
+        {Verdict::forgedResult, [](Recording& r) { r.endScore += 10, r.endDigest = 0; }},
+        {Verdict::forgedResult, [](Recording& r) { r.endEnergy = 9.75F; }},
+        {Verdict::forgedResult, [](Recording& r) { r.result.how = Outcome::won; }},
+        {Verdict::forgedResult, [](Recording& r) { r.result.spread += 1; }},
+        {Verdict::otherEvents, [](Recording& r) { r.checks.at(0) ^= 1; }},
+        {Verdict::otherEvents, [](Recording& r) { r.seed += 1; }},
+        {Verdict::otherEvents, [](Recording& r) { r.events.erase(r.events.begin(), r.events.begin() + 12); }},
+        {Verdict::otherEvents,
+         [](Recording& r) {
+             r.endFrames -= 20;
+             std::erase_if(r.events, [&](const RecordedEvent& e) { return e.time.frame > r.endFrames; });
+         }},
+        {Verdict::otherTables, [](Recording& r) { r.dataDigest ^= 1; }},
+        {Verdict::impossibleTiming, [](Recording& r) { std::swap(r.events[3].time, r.events[9].time); }},
+        {Verdict::impossibleTiming, [](Recording& r) { r.events[5].time.yield = 3, r.events[5].event.code = 200; }},
+        {Verdict::impossibleTiming, [](Recording& r) { r.events.insert(r.events.begin(), 40, r.events[0]); }},
+        {Verdict::impossibleTiming, [](Recording& r) { r.events.back().time.frame += 50; }},
+        {Verdict::otherVersion, [](Recording& r) { r.rules += 1; }},
+        {Verdict::damaged, [](Recording& r) { r.endFrames = kMostVerifiedFrames + 1; }},
+    };
+    for (const std::uint64_t seed : {4u, 9u}) {
+        const Recording good = Kept(seed);
+        ASSERT_EQ(Verdict::agrees, Verify(good).verdict);
+        for (const auto& [verdict, change] : kForgeries) {
+            Recording forged = good;
+            change(forged);
+            const Verification verified = Verify(forged);
+            EXPECT_STREQ(VerdictName(verdict), VerdictName(verified.verdict)) << verified.reason;
+            EXPECT_NE("", verified.reason);
+        }
+    }
+}
+
+// Forgeries that are made at random: events taken out, moved, pressed otherwise, taken from another game; figures
+// raised. Whatever changes nothing in the game is no forgery.
+TEST_F(RunsTest, NoForgeryAtRandomIsAccepted) {
+    std::mt19937 random(3);
+    const int games = GamesToTry(40);
+    Recording good, other;
+    int accepted = 0;
+    for (int i = 0; i < games; ++i) {
+        if (i % 20 == 0) good = Kept(random()), other = Kept(random());
+        Recording forged = good;
+        auto& event = forged.events[random() % forged.events.size()];
+        const auto cut = static_cast<std::ptrdiff_t>(1 + random() % (good.events.size() - 1));
+        switch (i % 5) {
+            case 0:
+                forged.endScore += static_cast<int>(1 + random() % 5000);
+                break;
+            case 1:  // half of another game
+                forged.events.erase(forged.events.begin() + cut, forged.events.end());
+                for (const RecordedEvent& e : other.events) {
+                    if (!(e.time < good.events[static_cast<std::size_t>(cut)].time)) forged.events.push_back(e);
+                }
+                break;
+            case 2:
+                forged.dataDigest += 1 + random();
+                break;
+            case 3:
+                event.time.yield += static_cast<int>(2 + random() % 5);
+                break;
+            default:  // a score that could be, and everything else of the other game
+                forged = other;
+                forged.seed = good.seed;
+        }
+        const Verification verified = Verify(forged);
+        accepted += verified.verdict == Verdict::agrees;
+        EXPECT_NE(Verdict::agrees, verified.verdict) << "forgery " << i;
+    }
+    EXPECT_EQ(0, accepted);
+}
+
+// For each released version a run that was made with it: on other tables it is played with those of its time.
+TEST_F(RunsTest, RunsOfReleasedVersionsStayGood) {
+    std::ofstream(folder / "EnemyData.DAT", std::ios::in | std::ios::out | std::ios::binary).write("xxxxxxx", 7);
+    const std::uint64_t own = DataDigest();
+    int versions = 0;
+    for (const std::string_view tables : BuiltInNames("released/")) {
+        const std::string version(tables.substr(9, tables.rfind('.') - 9));
+        const SavedRun run = ReadRun(std::string(TARNVEIL_TESTS) + "/runs/released/" + version + kRunEnding);
+        EXPECT_EQ(version, run.recording.program);
+        EXPECT_EQ("", Verify(run.recording).reason) << version;
+        EXPECT_EQ(own, DataDigest()) << "afterwards the folder's tables are read again";
+        ++versions;
+    }
+    EXPECT_GE(versions, 1);
 }

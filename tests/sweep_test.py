@@ -45,6 +45,25 @@ class SweepTest(unittest.TestCase):
         # It also fails when QPainter's pixels are others than ours.
         jsonschema.validate(json.loads(run(BENCHMARK, "--rounds", "3", "--json")), schema("benchmark"))
 
+    def test_verified_games_are_ranked_and_forged_ones_told(self):
+        for seed in ("1", "2"):
+            run(*GAMES[:-2], "--seed", seed, "--record", str(self.folder / f"{seed}.tarnveil-run"))
+        (self.folder / "bad.tarnveil-run").write_bytes(b"x" + (self.folder / "1.tarnveil-run").read_bytes()[1:])
+        (self.folder / "again.tarnveil-run").write_bytes((self.folder / "1.tarnveil-run").read_bytes())
+        page = self.folder / "page.html"
+        verify = [*GAMES[:3], "--verify", str(self.folder)]
+        done = subprocess.run([*verify, "--json", "--html", str(page)], text=True, capture_output=True)
+        self.assertEqual(1, done.returncode)
+        verified = json.loads(done.stdout)
+        jsonschema.validate(verified, schema("verified"))
+        self.assertEqual(["agrees", "agrees", "agrees", "damaged"], sorted(each["verdict"] for each in verified["runs"]))
+        (ranking,) = verified["rankings"]
+        scores = [place["score"] for place in ranking["places"]]
+        self.assertEqual(2, len(scores), "the same game counts once")
+        self.assertEqual(sorted(scores, reverse=True), scores)
+        self.assertEqual(2, page.read_text().count("./#run="))
+        self.assertIn("damaged", subprocess.run(verify, text=True, capture_output=True).stdout)
+
     def test_two_shards_through_gnu_parallel_are_the_whole(self):
         shards = str(self.folder / "shard")
         run("parallel", "--jobs", "2", *GAMES, "--jobs", "1", "--shard", "{}/2", "--resume", shards + "{}", ":::", "2", "1")

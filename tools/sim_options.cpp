@@ -93,8 +93,15 @@ void AddResults(App& app, SimLine& line) {
     AddFile(app, "--passages", line.passages,
             "write the names of the stage's passages into the chart, as tarnveil-tables passages prints them")
         ->needs(chart);
-    auto* verify =
-        AddFile(app, "--verify", line.verify, "play a recording again; fails at the first frame that differs");
+    auto* verify = app.add_option("--verify", line.verify,
+                                  "play recorded games again, files, links or folders of runs, and print who is best "
+                                  "by play and level; fails when one is not what it says")
+                       ->type_name("FILE");
+    AddOutputFile(app, "--html", line.page, "write the ranking as a page, with links that play")->needs(verify);
+    AddWord(
+        app, "--page", "URL", [&line](const std::string& text) { return line.address = text, std::string(); },
+        "the address of the game's page, for those links (default ./)")
+        ->needs(verify);
     AddFile(app, "--renew", line.renew, "play the game of a recording with its pilot anew and record it in its place");
     AddFlag(app, "--any-data", line.anyData, "verify also with other data tables")->needs(verify);
 }

@@ -10,11 +10,13 @@
 struct SimLine {
     SweepPlan games;
     std::string folder = ".";
-    std::string verify;              // a recording to play again; empty: none
-    std::string renew;               // a recording to make anew; empty: none
-    std::string chart;               // an SVG file to draw; empty: none
-    std::string passages;            // names for the chart; empty: none
-    std::vector<std::string> merge;  // files of games to add up; empty: none
+    std::vector<std::string> verify;  // recordings, runs and folders of them; empty: none
+    std::string page;                 // an HTML file to write of them; empty: none
+    std::string address = "./";       // of the game's page, for its links
+    std::string renew;                // a recording to make anew; empty: none
+    std::string chart;                // an SVG file to draw; empty: none
+    std::string passages;             // names for the chart; empty: none
+    std::vector<std::string> merge;   // files of games to add up; empty: none
     bool playGiven = false;
     bool report = false;
     bool hold = false;

@@ -10,25 +10,9 @@
 #include "report.h"
 #include "sim_options.h"
 #include "toolkit/folder.h"
+#include "verify_runs.h"
 
 namespace {
-
-int Verify(const SimLine& options) {
-    Recording recording;
-    const std::string error = ReadRecording(options.verify, recording);
-    if (!error.empty()) {
-        std::fprintf(stderr, "tarnveil-sim: %s\n", error.c_str());
-        return 1;
-    }
-    SimReport report;
-    const std::string difference = VerifyRecording(recording, options.anyData, report);
-    if (!difference.empty()) {
-        std::printf("%s: differs: %s\n", options.verify.c_str(), difference.c_str());
-        return 1;
-    }
-    std::printf("%s: the same in all %d frames, score %d\n", options.verify.c_str(), report.frames, report.score);
-    return 0;
-}
 
 int RenewRecording(const std::string& path) {
     std::string change;
@@ -59,7 +43,11 @@ int DrawChart(const SimLine& options) {
 }
 
 int Run(const SimLine& options) {
-    if (!options.verify.empty()) return Verify(options);
+    if (!options.verify.empty()) {
+        const VerifyPlan plan{options.verify,     options.games.jobs, options.anyData,
+                              options.games.json, options.page,       options.address};
+        return VerifyRuns(plan);
+    }
     if (!options.renew.empty()) return RenewRecording(options.renew);
     if (!options.merge.empty()) return Merge(options.merge, options.games.json);
     if (options.report) return Report(options);

@@ -1,5 +1,6 @@
 #include "platform/events.h"
 
+#include "platform/unseen.h"
 #include "state/main_form.h"
 #include "toolkit/input_state.h"
 
@@ -29,8 +30,8 @@ EventTap GetEventTap() {
 
 void DoEvents() {
     std::vector<InputEvent> events;
-    PumpHost(events);
+    if (!unseen) PumpHost(events);
     if (eventTap) eventTap(events);
-    RunTimers();
+    if (!unseen) RunTimers();
     for (const InputEvent& event : events) Deliver(event);
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "host/audio.h"
+#include "platform/unseen.h"
 #include "state/main_form.h"
 #include "toolkit/folder.h"
 
@@ -24,31 +25,70 @@ bool StartsWithStopped(std::string_view reply) {
            });
 }
 
+MusicNow musicNow;
+
+bool Heard() {
+    return !unseen && !unheard;
+}
+
+void Open(const std::string& path) {
+    musicNow = {path, false};
+    if (Heard()) MusicOpen(path);
+}
+
 void OpenQuoted(std::string_view command) {
     const auto first = command.find('"');
     const auto last = command.rfind('"');
     if (first == last) return;
-    MusicOpen(std::string(command.substr(first + 1, last - first - 1)));
+    Open(std::string(command.substr(first + 1, last - first - 1)));
+}
+
+void Close() {
+    musicNow = {};
+    if (Heard()) MusicClose();
+}
+
+void Play(bool playing) {
+    musicNow.playing = playing && !musicNow.path.empty();
+    if (!Heard()) return;
+    if (playing) MusicPlay();
+    if (!playing) MusicStop();
+}
+
+void Rewind() {
+    musicNow.playing = false;
+    if (Heard()) MusicRewind();
 }
 
 }  // namespace
+
+const MusicNow& TheMusic() {
+    return musicNow;
+}
+
+void SetMusic(const MusicNow& wanted) {
+    const MusicNow music = wanted;  // it may be TheMusic
+    Close();
+    if (!music.path.empty()) Open(music.path);
+    if (music.playing) Play(true);
+}
 
 std::string_view mciSendStringA(std::string_view command) {
     if (command.starts_with("open ")) {
         OpenQuoted(command);
     } else if (command == kClose) {
-        MusicClose();
+        Close();
     } else if (command == kPlay) {
-        MusicPlay();
+        Play(true);
     } else if (command == kStop) {
-        MusicStop();
+        Play(false);
     } else if (command == kRewind) {
-        MusicRewind();
+        Rewind();
     } else if (command == kReplay) {
-        MusicRewind();
-        MusicPlay();
+        Rewind();
+        Play(true);
     } else if (command == kStatus) {
-        return MusicMode();
+        return Heard() ? MusicMode() : "";
     }
     return {};
 }
@@ -82,5 +122,5 @@ void Bgm_Check_Timer() {
 }
 
 void PlayEffect(const std::vector<Byte>& wave) {
-    if (MainForm.Menu004.Checked) PlayWave(wave);
+    if (MainForm.Menu004.Checked && Heard()) PlayWave(wave);
 }

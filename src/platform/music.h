@@ -1,6 +1,7 @@
 // Music, one MIDI file at a time, and the two sound effects. The "BGM" and "効果音" menu items gate them.
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -30,3 +31,15 @@ void PlayEffect(const std::vector<Byte>& wave);
 // "play MIDI from 0", "stop MIDI", "seek MIDI to start", "close MIDI", "status MIDI mode"; a trailing "notify" has no
 // effect. The answer of the status query, else empty. Commands to a closed device and unknown ones do nothing.
 std::string_view mciSendStringA(std::string_view command);
+
+// What the music device has been told, also while nothing was heard (unseen.h).
+struct MusicNow {
+    std::string path;  // of the open piece; empty: none
+    bool playing = false;
+
+    bool operator==(const MusicNow&) const = default;
+};
+const MusicNow& TheMusic();
+
+// Brings the music device to that state, from the start of the piece. While nothing is heard it is only remembered.
+void SetMusic(const MusicNow& wanted);

@@ -1,6 +1,7 @@
 #include "platform/waits.h"
 
 #include "host/clock.h"
+#include "platform/unseen.h"
 #include "state/main_form.h"
 
 namespace {
@@ -18,6 +19,7 @@ Long ElapsedMs(Long start) {
 }
 
 void WaitMs(Long ms) {
+    if (unseen) return;
     const Long start = ClockNow();
     if (ms >= 0) RestUntil(static_cast<std::uint32_t>(start) + static_cast<std::uint32_t>(ms) + 1);
     while (ElapsedMs(start) <= ms) {
@@ -28,8 +30,9 @@ void PaceFrame() {
     game.FrameEnd = ClockNow();
     game.FrameWork =
         static_cast<Long>(static_cast<std::uint32_t>(game.FrameEnd) - static_cast<std::uint32_t>(game.FrameStart));
-    const bool early =
-        static_cast<std::uint32_t>(game.FrameWork) < std::uint32_t{kFrameBudget};  // a menu may stand open for weeks
-    if (MainForm.Menu002.Checked && early) WaitMs(kFrameBudget - game.FrameWork);
+    const auto budget = static_cast<Long>(kFrameBudget / pace);
+    const bool early = static_cast<std::uint32_t>(game.FrameWork) <
+                       static_cast<std::uint32_t>(budget);  // a menu may stand open for weeks
+    if (MainForm.Menu002.Checked && early) WaitMs(budget - game.FrameWork);
     game.FrameTime = ElapsedMs(game.FrameStart);
 }

@@ -223,6 +223,7 @@ void PutLeftovers(const std::vector<LeftField>& left, GameState& state) {
         value = Value{};
         if (next != left.end() && next->field == number) value = FromBits<Value>(next++->bits);
     });
+    if (state.MyShipFrame >= kShipFrames) state.MyShipFrame = 0;  // an index, whatever a file says
 }
 
 bool LeftAnAdvantage(const std::vector<LeftField>& left) {

@@ -20,7 +20,6 @@ struct Recorder {
     std::string path;  // of the first game; empty: not asked for
     std::string pilot{};
     bool keeps = false;  // every game becomes a run
-    std::string program{};
     Recording recording{};
     RunJournal journal{};
     EventTime now{};
@@ -32,6 +31,10 @@ std::optional<Recorder> recorder;
 
 bool WantsFile() {
     return !recorder->path.empty() && !recorder->done;
+}
+
+bool WantsRun() {
+    return WantsFile() && recorder->path.ends_with(kRunEnding);
 }
 
 Recording HeaderOfGame(std::uint64_t seed) {
@@ -59,7 +62,7 @@ void GameStarted(std::uint64_t seed) {
     if (!WantsFile() && !r.keeps) return;
     r.recording = HeaderOfGame(seed);
     r.recording.pilot = r.pilot;
-    r.recording.program = r.program;
+    if (r.keeps || WantsRun()) r.recording.program = TARNVEIL_VERSION;
     // The first frame starts from a background that has been scrolled once already.
     r.recording.scroll = game.ScrollY;
     r.now = {};
@@ -77,19 +80,27 @@ void FrameDone() {
     r.recording.endEnergy = game.MyPower;
     r.recording.result.stage = game.StageNo;
     r.recording.result.spread += game.ShotMode != 0;
-    if (!r.keeps) return;
+    if (!r.keeps && !WantsRun()) return;
     if (r.now.frame % kCheckInterval == 0) r.recording.checks.push_back(DigestState(game));
-    if (r.now.frame % kJournalInterval == 0) r.journal.Add(r.recording);
+    if (r.keeps && r.now.frame % kJournalInterval == 0) r.journal.Add(r.recording);
+}
+
+// The fingerprints of all frames, or as a run.
+std::vector<std::uint8_t> BytesOf(const Recorder& r) {
+    Run run{.date = LocalDate(), .picture = PictureOfNow(), .recording = r.recording};
+    if (WantsRun()) {
+        run.recording.frames.clear();
+        return PackRun(run);
+    }
+    run.recording.checks.clear();
+    if (!r.keeps) run.recording.result = {};
+    const std::string text = FormatRecording(run.recording);
+    return {text.begin(), text.end()};
 }
 
 void WriteFile(Recorder& r) {
+    const std::string reason = WriteWholeFile(r.path, BytesOf(r));
     r.done = true;
-    Recording recording = r.recording;
-    recording.checks.clear();
-    if (!r.keeps) recording.result = {};
-    const std::string text = FormatRecording(recording);
-    const std::string reason =
-        WriteWholeFile(r.path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
     if (!reason.empty()) r.problem = r.path + ": the recording cannot be written: " + reason;
 }
 
@@ -153,10 +164,30 @@ void StartRecorder(const std::string& path, const std::string& pilot) {
     recorder->pilot = pilot;
 }
 
-void StartKeepingRuns(const std::string& program) {
+void StartKeepingRuns() {
     Watch();
     recorder->keeps = true;
-    recorder->program = program;
+}
+
+void ContinueRecorder(const Recording& sofar, EventTime now) {
+    Watch();
+    Recorder& r = *recorder;
+    r.keeps = true;
+    r.recording = sofar;
+    r.recording.program = TARNVEIL_VERSION;
+    r.now = now;
+    r.running = true;
+    r.journal.Begin(sofar);
+}
+
+void DropRecording() {
+    if (!recorder) return;
+    recorder->running = false;
+    recorder->journal.End();
+}
+
+int FramesRecorded() {
+    return recorder ? recorder->now.frame : 0;
 }
 
 std::string FinishRecorder() {

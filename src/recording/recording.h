@@ -136,13 +136,21 @@ std::uint64_t RunIdentity(const Recording& recording);
 // Whether the event ends the program: such events are not part of a recording.
 bool LeavesProgram(const InputEvent& event);
 
-// Records the first game from here on into `path`, written when the game or the program ends. Opening an editor ends
+// Records the first game from here on into `path`, written when the game or the program ends; as a run (run.h) when the
+// path ends so. Opening an editor ends
 // the recording there: what it changes in the tables is not an event.
 void StartRecorder(const std::string& path, const std::string& pilot = {});
 
 // Every game from here on becomes a run of the player's (keeper.h), beside a recording that StartRecorder may have
-// asked for. `program`: the version that is told in them.
-void StartKeepingRuns(const std::string& program);
+// asked for.
+void StartKeepingRuns();
+
+// Goes on recording a game that has come to `now` by the events of `sofar`; it becomes a run of the player's.
+void ContinueRecorder(const Recording& sofar, EventTime now);
+// Forgets the game that is being recorded.
+void DropRecording();
+// Frames of the game that is being recorded, or was the last one.
+int FramesRecorded();
 
 // Stops recording; a game that is still going on is written as far as it has come. Empty, or why the recording could
 // not be written.
@@ -152,8 +160,9 @@ enum class ReplayState { none, waiting, playing, finished, differs };
 
 struct ReplayResult {
     ReplayState state = ReplayState::none;
-    int frame = 0;          // frames played; where it differs: the first such frame
-    std::string message{};  // where it differs: the groups and their values
+    int frame = 0;                    // frames played; where it differs: the first such frame
+    std::string message{};            // where it differs: the groups and their values
+    std::optional<EventTime> late{};  // of an event whose moment the game did not have
 };
 
 // Sets options, seed and watchers so that the next game plays `recording`: at the title it starts by itself, and the
@@ -162,3 +171,13 @@ struct ReplayResult {
 void StartReplay(const Recording& recording);
 void StopReplay();
 const ReplayResult& Replay();
+
+// Where a replay is, to come back there with a state that was kept (film.h).
+struct ReplayPlace {
+    EventTime now;
+    std::size_t nextEvent = 0;
+    int idleYields = 0;  // since the last frame or event
+};
+ReplayPlace PlaceOfReplay();
+// Also when it had come to its end.
+void SetPlaceOfReplay(const ReplayPlace& place);

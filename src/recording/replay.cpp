@@ -82,6 +82,7 @@ void FrameDone() {
 
 void GameEnded() {
     if (result.state != ReplayState::playing) return;
+    if (nextEvent < played.events.size()) result.late = played.events[nextEvent].time;
     if (result.frame < played.endFrames) {
         result.state = ReplayState::differs;
         result.message = "the game ends before the recording's last frame, " + std::to_string(played.endFrames);
@@ -111,6 +112,7 @@ bool GoneAstray() {
 
 void FeedRecorded(std::vector<InputEvent>& events) {
     while (EventsAreLeft() && played.events[nextEvent].time <= now) {
+        if (played.events[nextEvent].time < now) result.late = played.events[nextEvent].time;
         events.push_back(played.events[nextEvent++].event);
         idleYields = 0;
     }
@@ -160,6 +162,17 @@ void StopReplay() {
     UseClockSeed();
     SetEventTap(nullptr);
     gameWatcher = {};
+}
+
+ReplayPlace PlaceOfReplay() {
+    return {now, nextEvent, idleYields};
+}
+
+void SetPlaceOfReplay(const ReplayPlace& place) {
+    now = place.now;
+    nextEvent = place.nextEvent;
+    idleYields = place.idleYields;
+    result = {ReplayState::playing, now.frame};
 }
 
 const ReplayResult& Replay() {

@@ -25,6 +25,13 @@ void StartWithin() {
     game.ShotMode = gameStart.shotMode;
 }
 
+bool LeaveGame() {
+    const bool escape = KeyPressed(VK_ESCAPE);
+    return game.QuitGame != False || escape || gameAsked;
+}
+
+}  // namespace
+
 void SetUpGame() {
     gameAsked = false;
     game.QuitGame = False;
@@ -40,13 +47,6 @@ void SetUpGame() {
     DiscardKey(VK_Z);
     if (gameWatcher.Started) gameWatcher.Started(seed);
 }
-
-bool LeaveGame() {
-    const bool escape = KeyPressed(VK_ESCAPE);
-    return game.QuitGame != False || escape || gameAsked;
-}
-
-}  // namespace
 
 bool PlayFrame() {
     game.FrameStart = ClockNow();

@@ -22,6 +22,9 @@ inline bool gameAsked = false;
 // Runs one game. Called by TitleScreen; returns when the game is left.
 void GameLoop();
 
+// Sets up a new game, up to its first frame. What GameLoop begins with.
+void SetUpGame();
+
 // One frame of a game that is set up. False when the game is left.
 bool PlayFrame();
 

@@ -1,11 +1,14 @@
 #include "toolkit/folder.h"
 
+#include <utility>
+
 #include "host/file_sets.h"
 
 namespace {
 
 std::string programFolder = ".";
 std::string shippedFolder;  // empty: none
+std::map<std::string, std::vector<std::uint8_t>> laidOver;
 
 std::string PathIn(const std::string& folder, std::string_view name) {
     if (name.starts_with('\\')) name.remove_prefix(1);
@@ -41,7 +44,13 @@ std::string FolderPath(std::string_view name) {
     return FileExists(shipped) ? shipped : own;
 }
 
+void LayOverFolder(std::map<std::string, std::vector<std::uint8_t>> files) {
+    laidOver = std::move(files);
+}
+
 FileBytes ReadFolderFile(std::string_view name) {
+    const auto laid = laidOver.find(std::string(name.substr(name.starts_with('\\') ? 1 : 0)));
+    if (laid != laidOver.end()) return {FileError::none, laid->second, {}};
     const std::string reason = CompleteFolders();
     if (!reason.empty()) return {FileError::unreadable, {}, reason};
     return ReadWholeFile(FolderPath(name));

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <span>
 #include <string>
 #include <string_view>
@@ -24,6 +25,10 @@ const std::string& ProgramFolder();
 
 // Where "\\NAME" or "NAME" is read from; when there is no such file, where it would be written.
 std::string FolderPath(std::string_view name);
+
+// Lays files, by their bare names, over the folder for reading, in place of others laid there before; none: takes them
+// away. For old games that are played again with the tables of their time.
+void LayOverFolder(std::map<std::string, std::vector<std::uint8_t>> files);
 
 FileBytes ReadFolderFile(std::string_view name);
 

@@ -49,6 +49,15 @@ std::span<const std::uint8_t> BuiltInFile(std::string_view name) {
     return {};
 }
 
+std::vector<std::string_view> BuiltInNames(std::string_view start) {
+    std::vector<std::string_view> names;
+    for (const Entry& entry : kBuiltInFiles) {
+        if (std::string_view(entry.name).starts_with(start)) names.emplace_back(entry.name);
+    }
+    std::erase(names, "");
+    return names;
+}
+
 Picture DecodePicture(std::span<const std::uint8_t> bytes, std::string& reason) {
     constexpr std::size_t kLargestFile = 64u << 20;
     if (bytes.size() > kLargestFile) {

@@ -5,11 +5,15 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "toolkit/surface.h"
 
 // The bytes of a built-in file, by its name under assets/ ("pictures/101.bmp"). Empty when there is no such file.
 std::span<const std::uint8_t> BuiltInFile(std::string_view name);
+
+// The names of all that begin so ("released/").
+std::vector<std::string_view> BuiltInNames(std::string_view start);
 
 // Decodes a BMP or GIF image (the first frame). On failure the picture is empty and `reason` says why; images over
 // 4096 x 4096 are refused.
