@@ -97,6 +97,8 @@ Values ValuesFor(const std::string& program, const std::string& option, const st
     const std::string self = program.substr(0, program.find(' '));
     if (called == "DIR") return {{"/tmp"}, {"", "word", "-1", "0", self}};
     if (called == "FILE") return {{self}, {"", "/no/such/folder/file", "/tmp", "/dev/null"}};
+    if (called == "GAME") return {{self, "/tmp", "'./#run=A'"}, {"", "/no/such/folder/file", "/dev/null"}};
+    if (called == "URL") return {{"./", "https://example.org/game.html"}, {"", "word", "-1"}};
     if (called == "A..B") return {{"1", "3..5"}, {"", "word", "-1", "0", "5..3", "1..", "18446744073709551616"}};
     if (called == "I/N") return {{"1/1", "2/3"}, {"", "word", "-1", "0", "0/3", "4/3", "1"}};
     if (called == "STAGE:ENTRY") return {{"stage1:0", "attack:512"}, {"", "stage1", "stage1:513", "x:1", "stage1:x"}};

@@ -48,7 +48,7 @@ class SweepTest(unittest.TestCase):
     def test_verified_games_are_ranked_and_forged_ones_told(self):
         for seed in ("1", "2"):
             run(*GAMES[:-2], "--seed", seed, "--record", str(self.folder / f"{seed}.tarnveil-run"))
-        (self.folder / "bad.tarnveil-run").write_bytes(b"x" + (self.folder / "1.tarnveil-run").read_bytes()[1:])
+        (self.folder / "bad.tarnveil-run").write_bytes(b"?" + (self.folder / "1.tarnveil-run").read_bytes()[1:])
         (self.folder / "again.tarnveil-run").write_bytes((self.folder / "1.tarnveil-run").read_bytes())
         page = self.folder / "page.html"
         verify = [*GAMES[:3], "--verify", str(self.folder)]

@@ -1,6 +1,9 @@
 #include "sim_options.h"
 
+#include <filesystem>
+
 #include "command_line/command_line.h"
+#include "recording/link.h"
 #include "sim_names.h"
 
 using namespace command_line;
@@ -55,6 +58,18 @@ std::string TakeShard(const std::string& text, SweepPlan& games) {
     return {};
 }
 
+std::string WhyNoGame(const std::string& name) {
+    std::error_code error;
+    if (LooksLikeLink(name) || std::filesystem::is_directory(name, error)) return {};
+    return WhyNotRead(name);
+}
+
+std::string TakeAddress(const std::string& text, SimLine& line) {
+    if (!text.ends_with('/') && !text.ends_with(".html")) return "\"" + text + "\" is no page: it ends in / or .html";
+    line.address = text;
+    return {};
+}
+
 void AddGames(App& app, SimLine& line) {
     SweepPlan& games = line.games;
     AddFolder(app, "--folder", line.folder, "play the tables in DIR (default: the current folder)");
@@ -96,10 +111,11 @@ void AddResults(App& app, SimLine& line) {
     auto* verify = app.add_option("--verify", line.verify,
                                   "play recorded games again, files, links or folders of runs, and print who is best "
                                   "by play and level; fails when one is not what it says")
-                       ->type_name("FILE");
+                       ->type_name("GAME")
+                       ->check(WhyNoGame);
     AddOutputFile(app, "--html", line.page, "write the ranking as a page, with links that play")->needs(verify);
     AddWord(
-        app, "--page", "URL", [&line](const std::string& text) { return line.address = text, std::string(); },
+        app, "--page", "URL", [&line](const std::string& text) { return TakeAddress(text, line); },
         "the address of the game's page, for those links (default ./)")
         ->needs(verify);
     AddFile(app, "--renew", line.renew, "play the game of a recording with its pilot anew and record it in its place");
