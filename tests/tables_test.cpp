@@ -220,6 +220,32 @@ TEST_F(TablesTest, TheCommandTellsByItsStatus) {
     EXPECT_EQ("", RunTool("check", 2));
 }
 
+TEST_F(TablesTest, PicturesShowEveryEnemyOnceAndEveryShot) {
+    const std::string tool = std::string(TARNVEIL_TABLES_TOOL) + " picture ", file = folder + "/picture.svg";
+    const auto count = [&](const std::string& arguments, const std::string& what) {
+        EXPECT_EQ(0, std::system((tool + arguments + " >" + file).c_str())) << arguments;
+        const Bytes bytes = FileAt(file);
+        const std::string text(bytes.begin(), bytes.end());
+        int found = 0;
+        for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1)) ++found;
+        return found;
+    };
+    Write(
+        "stage1.lua",
+        "for i = 1, 9 do entry { No = 'dart', X = 30 * i, Counter = 5 } end entry{} entry{No = 'next_stage'} entry{}");
+    Write("moves.lua", "pattern 'down' for i = 1, 20 do step { DY = 30, Flag = i % 3 } end step { Flag = 'end' }");
+    ASSERT_EQ("", Build());
+    ASSERT_EQ("", WriteTables(folder, *tables));
+    EXPECT_EQ(10, count(folder + " --stage stage1", "<use href=\"#k0-0\""));
+    EXPECT_EQ(1, count(folder + " --stage stage1", "<image id="));
+    EXPECT_EQ(10 * 10, count(folder + " --stage stage1", "<circle"));  // in 15 frames until it is out of sight
+    EXPECT_EQ(14, count(folder + " --pattern 0", "r=\"5\""));
+    EXPECT_EQ(0, count(folder + " --pattern 49", "r=\"5\""));
+    EXPECT_EQ(1, count(folder + " --kind 0", "<use href=\"#k0-0\" x=\"80\" y=\"164\"/>"));
+    EXPECT_EQ("", RunTool("picture " + folder, 2));
+    EXPECT_EQ("", RunTool("picture " + folder + " --kind 1 --pattern 1", 2));
+}
+
 TEST_F(TablesTest, ShortFilesAreRefused) {
     ASSERT_EQ("", Build());
     ASSERT_EQ("", WriteTables(folder, *tables));

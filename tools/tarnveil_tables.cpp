@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "author/check_tables.h"
+#include "author/table_drawings.h"
 #include "author/tables.h"
 #include "command_line/command_line.h"
 #include "dump_tables.h"
@@ -16,6 +17,7 @@
 #include "host/files.h"
 #include "lua_tables.h"
 #include "merge_tables.h"
+#include "svg.h"
 
 namespace {
 
@@ -88,6 +90,38 @@ int Merge(const std::string& from, const std::string& sources) {
     return merged.left.empty() ? kDone : kFailed;
 }
 
+// What to draw; one of them is given.
+struct Subject {
+    int pattern = -1;
+    int kind = -1;
+    int stage = -1;  // as in Tables::Stages
+};
+
+// The numbers of what is drawn follow the kinds and patterns in `game`.
+void PutIntoGame(const Tables& tables) {
+    std::ranges::copy(tables.EnemyData, game.EnemyData);
+    for (int p = 0; p < kMovePatterns; ++p) std::ranges::copy(tables.EneMove[p], game.EneMove[p]);
+    game.ScreenW = 320;
+    game.ScreenH = 480;
+}
+
+int PrintPicture(const std::string& folder, const Subject& subject) {
+    constexpr Integer kSmall = 64;  // pixels; shown twice their size
+    const auto tables = std::make_unique<Tables>();
+    const std::string fault = ReadTables(folder, *tables);
+    if (!fault.empty()) return Fail(fault);
+    PutIntoGame(*tables);
+    std::string svg;
+    if (subject.pattern >= 0) svg = SvgOf(DrawPattern(*tables, subject.pattern), 1);
+    if (subject.kind >= 0) {
+        const float scale = tables->EnemyData[subject.kind].Width <= kSmall ? 2 : 1;
+        svg = SvgOf(DrawKind(*tables, subject.kind), scale);
+    }
+    if (subject.stage >= 0) svg = SvgOf(DrawStage(*tables, subject.stage), 1);
+    return std::fputs(svg.c_str(), stdout) < 0 || std::fflush(stdout) != 0 ? Fail("the output cannot be written")
+                                                                           : kDone;
+}
+
 int Check(const std::string& folder) {
     const auto tables = std::make_unique<Tables>();
     const std::string fault = ReadTables(folder, *tables);
@@ -118,11 +152,27 @@ void AddFolders(CLI::App& command, std::string& from, std::string& to, const CLI
     command.add_option("TO_DIR", to, "where they are written")->type_name("")->required()->check(target);
 }
 
+void AddSubject(CLI::App& command, Subject& subject) {
+    command_line::Choices<int> stages;
+    for (int i = 0; i < kStageTables; ++i) stages.emplace_back(kPlays[static_cast<std::size_t>(i)].name, i);
+    CLI::Option_group* one = command.add_option_group("one of");
+    const auto number = [](int& target) {
+        return [&target](std::uint64_t value) { target = static_cast<int>(value); };
+    };
+    command_line::AddNumberFor(*one, "--pattern", number(subject.pattern), 0, kMovePatterns - 1,
+                               "the way of an enemy through pattern N, with its shots");
+    command_line::AddNumberFor(*one, "--kind", number(subject.kind), 0, kEnemyKinds - 1,
+                               "kind N: its frames, where it is hit, its explosion");
+    command_line::AddChoice(*one, "--stage", subject.stage, stages, "the time line of a stage");
+    one->require_option(1);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     command_line::App app("tarnveil-tables", 1, "Makes and checks the tables of Tarnveil's stages.");
     std::string from, to, names;
+    Subject subject;
     CLI::App* build = app.add_subcommand("build", "make the six .DAT files from Lua sources");
     AddFolders(*build, from, to, CLI::ExistingDirectory);
     CLI::App* dump = app.add_subcommand("dump", "write the six .DAT files as Lua sources; to - prints them");
@@ -130,6 +180,10 @@ int main(int argc, char** argv) {
     command_line::AddFolder(*dump, "--names", names, "Lua sources whose names for kinds and patterns to use");
     CLI::App* merge = app.add_subcommand("merge", "put what was changed in the six .DAT files into their Lua sources");
     AddFolders(*merge, from, to, CLI::ExistingDirectory);
+    CLI::App* picture =
+        app.add_subcommand("picture", "draw a pattern, a kind or a stage of the six .DAT files; prints SVG");
+    picture->add_option("DIR", from, "where they are")->type_name("")->required()->check(CLI::ExistingDirectory);
+    AddSubject(*picture, subject);
     CLI::App* check = app.add_subcommand("check", "say what is wrong in the six .DAT files");
     check->add_option("DIR", from, "where they are")->type_name("")->required()->check(CLI::ExistingDirectory);
     CLI::App* passages = app.add_subcommand("passages", "print the named passages of stages in Lua sources");
@@ -141,6 +195,7 @@ int main(int argc, char** argv) {
     if (const auto ended = app.Read(argc, argv)) return *ended;
     if (build->parsed()) return Build(from, to);
     if (merge->parsed()) return Merge(from, to);
+    if (picture->parsed()) return PrintPicture(from, subject);
     if (passages->parsed()) return PrintPassages(from);
     return dump->parsed() ? Dump(from, to, names) : Check(from);
 }

@@ -1,7 +1,9 @@
 #include "bench_window/sprites.h"
 
+#include <algorithm>
 #include <map>
 
+#include "author/kind_sprite.h"
 #include "state/bitmaps.h"
 #include "state/main_form.h"
 #include "toolkit/resources.h"
@@ -9,13 +11,6 @@
 namespace bench_window {
 
 namespace {
-
-// Kind 40 has no sheet of its own; it is shown from the first boss's.
-int BitmapOf(int number) {
-    if (number <= kLastSheetKind) return kEnemyBitmap;
-    if (number == kSecondBoss) return kSecondBossBitmap;
-    return number == kLastBoss ? kLastBossBitmap : kFirstBossBitmap;
-}
 
 const QImage& Sheet(int bitmap) {
     static std::map<int, QImage> sheets;
@@ -32,23 +27,14 @@ const QImage& Sheet(int bitmap) {
 }  // namespace
 
 const QImage& SheetOf(int number) {
-    return Sheet(BitmapOf(number));
+    return Sheet(SheetBitmapOf(std::min<int>(number, kLastDrawnKind)));
 }
 
 QImage SpriteOf(const EnemyDataType& kind, int number, int frame) {
-    const QImage& sheet = SheetOf(number);
-    const QRect place(kind.SX + frame * kind.Width, kind.SY, kind.Width, kind.Height);
-    const QRect masks = place.translated(0, kind.Height);
-    if (number > kLastDrawnKind || !sheet.rect().contains(place) || !sheet.rect().contains(masks)) return {};
-    QImage sprite = sheet.copy(place).convertToFormat(QImage::Format_ARGB32);
-    for (int y = 0; y < place.height(); ++y) {
-        for (int x = 0; x < place.width(); ++x) {
-            const QRgb color = sprite.pixel(x, y);
-            const int through = qGray(sheet.pixel(masks.x() + x, masks.y() + y));
-            sprite.setPixel(x, y, qRgba(qRed(color), qGreen(color), qBlue(color), 255 - through));
-        }
-    }
-    return sprite;
+    const Picture sprite = KindSprite(kind, number, frame);
+    return QImage(reinterpret_cast<const uchar*>(sprite.pixels.data()), sprite.width, sprite.height, sprite.width * 4,
+                  QImage::Format_ARGB32)
+        .copy();
 }
 
 QImage ExplosionOf(int bomType, int frame) {
