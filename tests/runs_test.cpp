@@ -1,77 +1,15 @@
 // The player's runs: every game becomes one that verifies, also the second of a session and one that was killed.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <random>
 
-#include "fresh_program.h"
-#include "host/files.h"
 #include "host/journal.h"
-#include "pilot.h"
-#include "platform/events.h"
-#include "recording/keeper.h"
 #include "recording/released_tables.h"
-#include "recording/run.h"
 #include "recording/verify.h"
-#include "shell/title_screen.h"
-#include "simulation.h"
-#include "stage/plays.h"
-#include "state/options.h"
-#include "test_game.h"
+#include "runs_fixture.h"
 #include "toolkit/resources.h"
-
-namespace {
-
-using SavedRun = ::Run;  // gtest has a Run of its own
-
-class RunsTest : public GameTest {
-  protected:
-    // One game from the title's start key on, played by a pilot for so many frames and then left.
-    void PlayGame(std::uint64_t seed, int frames, const char* pilotName = "dodge") {
-        const auto pilot = MakePilot(pilotName, Weapon::switching, seed);
-        PilotHands hands;
-        FixSeed(seed);
-        const int end = host.yields + frames;
-        host.onYield = [&] {
-            if (host.yields >= end) return headless::Tap(VK_ESCAPE);
-            hands.Press(pilot->Decide(game), host.events);
-        };
-        RunGame();
-        host.onYield = nullptr;
-        host.events.clear();
-    }
-
-    static SavedRun ReadRun(const std::string& path) {
-        SavedRun run;
-        EXPECT_EQ("", UnpackRun(ReadWholeFile(path).bytes, run)) << path;
-        return run;
-    }
-
-    // A short game of a pilot as it is kept.
-    Recording Kept(std::uint64_t seed, int frames = 600) {
-        static const char* const kPilots[] = {"dodge", "beginner", "sweep", "practised"};
-        StartKeepingRuns();
-        ChooseRow(kDifficulties, &Difficulty::level, kDifficulties[seed % 3].level);
-        ChooseRow(kPlays, &Play::number, kPlays[seed % 4].number);
-        PlayGame(seed, frames, kPilots[seed % 4]);
-        EXPECT_EQ("", FinishRecorder());
-        const std::string path = ListRuns().at(0).path;
-        Recording recording = ReadRun(path).recording;
-        std::filesystem::remove(path);
-        return recording;
-    }
-
-    static std::string Verified(const Recording& recording) {
-        SimReport report;
-        return VerifyRecording(recording, false, report);
-    }
-
-    std::filesystem::path folder = UseFolder(true);
-};
-
-}  // namespace
 
 TEST_F(RunsTest, EveryGameOfASessionBecomesARunThatVerifiesByItself) {
     StartKeepingRuns();
@@ -183,16 +121,6 @@ TEST_F(RunsTest, RunsAreReadAsTheyWereWrittenAndDamagedOnesRefused) {
     EXPECT_NE("", UnpackRun(std::vector<std::uint8_t>(kMostRunBytes + 1, 0x78), again));
     EXPECT_NE("", UnpackRun({}, again));
 }
-
-// How many games the tests below try; a long check asks for more.
-namespace {
-
-int GamesToTry(int usual) {
-    const char* wanted = std::getenv("TARNVEIL_GAMES_TO_TRY");
-    return wanted ? std::atoi(wanted) : usual;
-}
-
-}  // namespace
 
 TEST_F(RunsTest, GamesOfPilotsAreVerified) {
     for (int i = 0; i < GamesToTry(12); ++i) {

@@ -14,6 +14,7 @@
 namespace {
 
 constexpr const char* kJournalEnding = ".tarnveil-journal";
+constexpr const char* kAsideEnding = ".deleted";
 constexpr std::string_view kNow = "now ";  // in a journal: what the end line would be, after each second
 
 std::string FileNameOf(const std::string& date) {
@@ -128,6 +129,15 @@ std::string ChangeRun(const std::string& path, const std::string& name, bool kep
     return WriteWholeFile(path, PackRun(run));
 }
 
+std::string PutAside(const std::string& path) {
+    static_cast<void>(RemoveFile(path + kAsideEnding));
+    return RenameFile(path, path + kAsideEnding);
+}
+
+std::string BringBack(const std::string& path) {
+    return RenameFile(path + kAsideEnding, path);
+}
+
 void RunJournal::Begin(const Recording& head) {
     events_ = checks_ = 0;
     Run run{.date = LocalDate()};
@@ -150,6 +160,8 @@ void RunJournal::End() {
 }
 
 void RescueRuns() {
+    for (const std::string& name : FilesIn(RunsFolder(), kAsideEnding))
+        static_cast<void>(RemoveFile(RunsFolder() + "/" + name));
     for (const std::string& name : FilesIn(RunsFolder(), kJournalEnding)) {
         const std::string problem = Rescue(RunsFolder() + "/" + name);
         if (!problem.empty()) LogLine(name + ": " + problem);

@@ -30,6 +30,10 @@ std::string KeepRun(const Run& run);
 // Writes the run anew into its file: another name, kept or not.
 std::string ChangeRun(const std::string& path, const std::string& name, bool kept);
 
+// Takes the run out of the list, until BringBack or the next start of the program. Empty when done, else why not.
+std::string PutAside(const std::string& path);
+std::string BringBack(const std::string& path);
+
 // What a game that is going on leaves behind if the program dies: bit by bit, in the journal.
 class RunJournal {
   public:
@@ -44,5 +48,5 @@ class RunJournal {
     std::size_t checks_ = 0;
 };
 
-// Makes runs of the journals that dead programs have left.
+// At the start of the program: makes runs of the journals that dead programs have left, and removes what was put aside.
 void RescueRuns();
