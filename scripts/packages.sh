@@ -12,6 +12,9 @@ CHECK_PACKAGES="clang clang-format clang-tidy libclang-rt-dev git python3 python
                 weston sway wtype grim qt6-wayland"
 # Where the site is tried. npm is asked for only where node comes without it.
 BROWSER_PACKAGES="chromium firefox-esr node-typescript"
+# What makes and looks at a release, and the systems it is tried on.
+PACKAGE_PACKAGES="git dpkg-dev file zip lintian desktop-file-utils appstream man-db debootstrap"
+DEBIAN_RELEASES="bookworm trixie"
 # A screen where there is none.
 SCREEN_PACKAGES="xvfb xauth"
 # What Qt needs in a session without X.
