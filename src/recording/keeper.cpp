@@ -19,7 +19,7 @@ constexpr std::string_view kNow = "now ";  // in a journal: what the end line wo
 
 std::string FileNameOf(const std::string& date) {
     std::string name = date;
-    std::ranges::replace(name, ':', '-');
+    std::replace(name.begin(), name.end(), ':', '-');
     return name;
 }
 
@@ -96,9 +96,11 @@ std::vector<KeptRun> ListRuns() {
     std::vector<KeptRun> runs;
     for (const std::string& name : FilesIn(RunsFolder(), kRunEnding))
         runs.push_back(ReadKept(RunsFolder() + "/" + name));
-    const auto order = [](const KeptRun& run) { return std::tie(run.run.date, run.path); };
-    std::ranges::sort(runs, std::greater{}, order);
-    std::ranges::stable_partition(runs, &std::string::empty, &KeptRun::problem);
+    const auto newer = [](const KeptRun& a, const KeptRun& b) {
+        return std::tie(a.run.date, a.path) > std::tie(b.run.date, b.path);
+    };
+    std::sort(runs.begin(), runs.end(), newer);
+    std::stable_partition(runs.begin(), runs.end(), [](const KeptRun& run) { return run.problem.empty(); });
     return runs;
 }
 

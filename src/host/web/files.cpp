@@ -8,6 +8,7 @@
 
 #include "host/file_sets.h"
 #include "host/files.h"
+#include "host/journal.h"
 
 namespace {
 
@@ -99,4 +100,19 @@ std::string RemoveFile(const std::string& path) {
 // Each file is kept by itself: no set is ever half written.
 std::string CompleteFileSet(const std::string&) {
     return {};
+}
+
+// In the browser no game outlives the page it is played on.
+std::string BeginJournal(const std::string&) {
+    return {};
+}
+
+std::string AddToJournal(std::string_view) {
+    return {};
+}
+
+void EndJournal() {}
+
+FileBytes ReadDeadJournal(const std::string&) {
+    return {FileError::missing, {}, std::strerror(ENOENT)};
 }

@@ -21,6 +21,18 @@ requires(sizeof(To) == sizeof(From) && is_trivially_copyable_v<To> && is_trivial
 }  // namespace std
 #endif
 
+#if !defined(__cpp_lib_smart_ptr_for_overwrite)
+#include <memory>
+#include <type_traits>
+
+namespace std {
+template <typename T>
+requires is_unbounded_array_v<T> unique_ptr<T> make_unique_for_overwrite(size_t count) {
+    return unique_ptr<T>(new remove_extent_t<T>[count]);
+}
+}  // namespace std
+#endif
+
 #if _LIBCPP_VERSION < 140000
 #include <cstdio>
 #include <cstdlib>
