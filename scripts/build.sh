@@ -9,9 +9,11 @@ configure() {
     cmake $fresh "$@" >/dev/null
 }
 
-# build FOLDER [TARGET]: on a terminal one line shows how far it is; elsewhere only what goes wrong is shown.
+# build FOLDER [TARGETS...]: on a terminal one line shows how far it is; elsewhere only what goes wrong is shown.
 build() {
-    local quiet=""
+    local folder=$1 quiet=""
+    shift
+    [ $# -gt 0 ] || set -- all
     [ -t 1 ] || quiet="-- --quiet"
-    cmake --build "$1" --target "${2:-all}" --parallel "$(nproc)" $quiet
+    cmake --build "$folder" --target "$@" --parallel "$(nproc)" $quiet
 }

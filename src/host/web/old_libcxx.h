@@ -21,6 +21,28 @@ requires(sizeof(To) == sizeof(From) && is_trivially_copyable_v<To> && is_trivial
 }  // namespace std
 #endif
 
+#if _LIBCPP_VERSION < 150000
+#include <algorithm>
+#include <iterator>
+
+namespace std::ranges {
+template <typename Range, typename Out>
+Out copy(Range&& range, Out out) {
+    return std::copy(std::begin(range), std::end(range), out);
+}
+
+template <typename Range, typename Out, typename Wanted>
+Out copy_if(Range&& range, Out out, Wanted wanted) {
+    return std::copy_if(std::begin(range), std::end(range), out, wanted);
+}
+
+template <typename Range>
+auto max(Range&& range) {
+    return *std::max_element(std::begin(range), std::end(range));
+}
+}  // namespace std::ranges
+#endif
+
 #if !defined(__cpp_lib_smart_ptr_for_overwrite)
 #include <memory>
 #include <type_traits>
