@@ -2,6 +2,7 @@
 
 #include <QtGui/QShortcut>
 #include <QtWidgets/QGridLayout>
+#include <QtWidgets/QGroupBox>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QVBoxLayout>
@@ -71,7 +72,9 @@ void BenchWindow::AddButtons(QBoxLayout& row, DeskPlace place) {
     }
 }
 
-void BenchWindow::AddFields(QGridLayout& grid, DeskPlace place, int columns) {
+QLayout* BenchWindow::Fields(DeskPlace place) {
+    constexpr int kColumns = 5;
+    auto* grid = new QGridLayout;
     int n = 0;
     for (const DeskField& field : desk_.Fields()) {
         if (field.place != place) continue;
@@ -88,11 +91,19 @@ void BenchWindow::AddFields(QGridLayout& grid, DeskPlace place, int columns) {
             desk_.Store(field, edit->text().toStdString());
             Refresh();
         });
-        grid.addWidget(label, n / columns, 2 * (n % columns));
-        grid.addWidget(edit, n / columns, 2 * (n % columns) + 1);
+        grid->addWidget(label, n / kColumns, 2 * (n % kColumns));
+        grid->addWidget(edit, n / kColumns, 2 * (n % kColumns) + 1);
         edits_.push_back({&field, edit});
         ++n;
     }
+    return grid;
+}
+
+void BenchWindow::AddGroup(QBoxLayout& column, const QString& title, QLayout* content) {
+    auto* group = new QGroupBox(title, this);
+    group->setLayout(content);
+    content->setContentsMargins(8, 4, 8, 8);
+    column.addWidget(group);
 }
 
 QWidget* BenchWindow::LeftSide() {
@@ -124,29 +135,31 @@ QWidget* BenchWindow::LeftSide() {
     red.setColor(QPalette::WindowText, QColor(176, 0, 0));
     finding_->setPalette(red);
     column->addWidget(finding_);
-    for (const DeskPlace place : {DeskPlace::entry, DeskPlace::range}) {
-        auto* row = new QHBoxLayout;
-        auto* grid = new QGridLayout;
-        AddFields(*grid, place, 5);
-        row->addLayout(grid, 1);
-        column->addLayout(row);
-        auto* buttons = place == DeskPlace::entry ? row : new QHBoxLayout;
-        AddButtons(*buttons, place);
-        if (buttons != row) column->addLayout(buttons);
-    }
-    auto* start = new QGridLayout;
-    AddFields(*start, DeskPlace::start, 5);
-    auto* startRow = new QHBoxLayout;
-    startRow->addLayout(start, 1);
-    column->addLayout(startRow);
-    auto* play = new QHBoxLayout;
-    play->addWidget(Button("Play from here F5", "starts the stage at the chosen entry; Esc comes back",
-                           [this] { PlayFromHere(); }));
-    play->addWidget(Button("Last 10 s again F6", "with the tables as they are now", [this] { PressNamed("again"); }));
-    play->addWidget(Button("Stand still F10", "the game stands still, or goes on", [this] { PressNamed("stand"); }));
-    play->addWidget(Button("Frame .", "one frame more", [this] { host_.frameHold.Step(); }));
-    column->addLayout(play);
+    auto* entry = new QHBoxLayout;
+    entry->addLayout(Fields(DeskPlace::entry), 1);
+    AddButtons(*entry, DeskPlace::entry);
+    AddGroup(*column, "Entries", entry);
+    auto* range = new QVBoxLayout;
+    auto* buttons = new QHBoxLayout;
+    AddButtons(*buttons, DeskPlace::range);
+    range->addLayout(Fields(DeskPlace::range));
+    range->addLayout(buttons);
+    AddGroup(*column, "All that are chosen", range);
+    AddGroup(*column, "Play from here", PlayRows());
     return side;
+}
+
+QLayout* BenchWindow::PlayRows() {
+    auto* rows = new QVBoxLayout;
+    rows->addLayout(Fields(DeskPlace::start));
+    auto* play = new QHBoxLayout;
+    play->addWidget(
+        Button("Play F5", "starts the stage at the chosen entry; Esc comes back", [this] { PlayFromHere(); }));
+    play->addWidget(Button("Last 10 s again F6", "with the tables as they are now", [this] { PlayLastAgain(); }));
+    play->addWidget(Button("Stand still F10", "the game stands still, or goes on", [this] { StandStill(); }));
+    play->addWidget(Button("Frame .", "one frame more", [this] { host_.frameHold.Step(); }));
+    rows->addLayout(play);
+    return rows;
 }
 
 QWidget* BenchWindow::FieldTab() {
@@ -171,11 +184,9 @@ QWidget* BenchWindow::FieldTab() {
     time->addWidget(timeText_);
     column->addLayout(time);
     auto* steps = new QHBoxLayout;
-    auto* grid = new QGridLayout;
-    AddFields(*grid, DeskPlace::step, 5);
-    steps->addLayout(grid, 1);
+    steps->addLayout(Fields(DeskPlace::step), 1);
     AddButtons(*steps, DeskPlace::step);
-    column->addLayout(steps);
+    AddGroup(*column, "Step of the pattern", steps);
     return tab;
 }
 
@@ -192,9 +203,7 @@ QWidget* BenchWindow::KindTab() {
     kind_ = new KindView(
         desk_, [this] { Refresh(); }, tab);
     column->addWidget(kind_, 1);
-    auto* grid = new QGridLayout;
-    AddFields(*grid, DeskPlace::kind, 4);
-    column->addLayout(grid);
+    column->addLayout(Fields(DeskPlace::kind));
     return tab;
 }
 
@@ -233,10 +242,10 @@ void BenchWindow::AddKeys(desktop::Host& host) {
     const auto add = [&](const char* caption, const char* key, std::function<void()> chosen) {
         host.extras.push_back({caption, QKeySequence(key), std::move(chosen)});
     };
-    add(kTitle, "F9", [this] { Come(); });
+    add(kTitle, "F9", [this] { ComeOrGo(); });
     add("", "F5", [this] { PlayFromHere(); });
-    add("", "F6", [this] { PressNamed("again"); });
-    add("", "F10", [this] { PressNamed("stand"); });
+    add("", "F6", [this] { PlayLastAgain(); });
+    add("", "F10", [this] { StandStill(); });
     add("", ".", [this] { host_.frameHold.Step(); });
     for (const auto& [key, caption] : {std::pair{"F7", "Back"}, {"F8", "Forward"}})
         add("", key, [=, this] { PressNamed(caption); });
@@ -247,16 +256,20 @@ void BenchWindow::AddKeys(desktop::Host& host) {
 }
 
 void BenchWindow::PressNamed(const char* caption) {
-    const std::string_view wanted = caption;
-    if (wanted == "stand") host_.frameHold.SetStanding(!host_.frameHold.IsStanding());
-    if (wanted == "again" && PlayAgain()) {
-        host_.frameHold.SetStanding(false);
-        host_.window->activateWindow();
-    }
     for (const DeskButton& button : desk_.Buttons()) {
-        if (button.caption == wanted) desk_.Press(button);
+        if (button.caption == caption) desk_.Press(button);
     }
     Refresh();
+}
+
+void BenchWindow::StandStill() {
+    host_.frameHold.SetStanding(!host_.frameHold.IsStanding());
+}
+
+void BenchWindow::PlayLastAgain() {
+    if (!PlayAgain()) return;
+    host_.frameHold.SetStanding(false);
+    host_.window->activateWindow();
 }
 
 void BenchWindow::PlayFromHere() {
@@ -264,6 +277,12 @@ void BenchWindow::PlayFromHere() {
     host_.frameHold.SetStanding(false);
     host_.window->activateWindow();
     host_.window->View().setFocus();
+}
+
+void BenchWindow::ComeOrGo() {
+    if (!isActiveWindow()) return Come();
+    hide();
+    host_.window->activateWindow();
 }
 
 void BenchWindow::Come() {

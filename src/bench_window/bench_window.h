@@ -20,7 +20,7 @@
 #include "host/desktop/desktop.h"
 
 class QBoxLayout;
-class QGridLayout;
+class QLayout;
 
 namespace bench_window {
 
@@ -31,17 +31,21 @@ class BenchWindow final : public QWidget {
     explicit BenchWindow(desktop::Host& host);
 
     Desk& TheDesk() { return desk_; }
+    const DrawingView& Field() const { return *field_; }
     // Makes everything show what the desk has now.
     void Refresh();
-    // Onto the screen and to the front.
+    // Onto the screen and to the front; ComeOrGo: away again if it is there.
     void Come();
+    void ComeOrGo();
 
   private:
     void Build();
     QWidget* LeftSide();
     QWidget* FieldTab();
     QWidget* KindTab();
-    void AddFields(QGridLayout& grid, DeskPlace place, int columns);
+    QLayout* PlayRows();
+    QLayout* Fields(DeskPlace place);
+    void AddGroup(QBoxLayout& column, const QString& title, QLayout* content);
     void AddButtons(QBoxLayout& row, DeskPlace place);
     QPushButton* Button(const QString& caption, const QString& tip, std::function<void()> press);
     void AddKeys(desktop::Host& host);
@@ -49,6 +53,8 @@ class BenchWindow final : public QWidget {
     void UseMouse(DrawingView::Mouse what, DrawnPoint at, bool fine);
     void Pulse();
     void PlayFromHere();
+    void PlayLastAgain();
+    void StandStill();
     void RefreshHistory();
 
     struct FieldEdit {

@@ -97,6 +97,11 @@ void DrawingView::paintEvent(QPaintEvent*) {
     for (const Shape& shape : drawing.shapes) std::visit(Canvas(painter, corner_, scale_, from_), shape);
 }
 
+QPointF DrawingView::PlaceOf(DrawnPoint point) const {
+    const auto scale = static_cast<double>(scale_);
+    return corner_ + QPointF(static_cast<double>(point.x - from_.x), static_cast<double>(point.y - from_.y)) * scale;
+}
+
 void DrawingView::Tell(Mouse what, const QMouseEvent& event) {
     const bool left = event.button() == Qt::LeftButton || event.buttons().testFlag(Qt::LeftButton);
     if (!left) return;

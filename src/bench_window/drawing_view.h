@@ -16,8 +16,9 @@ class DrawingView final : public QWidget {
     // `draw` is asked at every painting.
     DrawingView(std::function<Drawing()> draw, Use use, QWidget* parent);
 
-    // Pixels of the screen for one of the drawing.
+    // Pixels of the screen for one of the drawing, and where a place of the drawing is seen.
     float Scale() const { return scale_; }
+    QPointF PlaceOf(DrawnPoint point) const;
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -5,6 +5,9 @@
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 
+#include <chrono>
+#include <thread>
+
 // A window that is just going away cannot take the keyboard; that is no reason to end the tests.
 XClient::XClient() : display_(XOpenDisplay(nullptr)) {
     XSetErrorHandler([](Display*, XErrorEvent*) { return 0; });
@@ -30,6 +33,17 @@ void XClient::Tap(std::uint32_t symbol) {
 void XClient::Click(int x, int y) {
     XTestFakeMotionEvent(display_, -1, x, y, CurrentTime);
     XTestFakeButtonEvent(display_, Button1, True, CurrentTime);
+    XTestFakeButtonEvent(display_, Button1, False, CurrentTime);
+    XSync(display_, False);
+}
+
+void XClient::Drag(const std::vector<std::pair<int, int>>& places) {
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        XTestFakeMotionEvent(display_, -1, places[i].first, places[i].second, CurrentTime);
+        if (i == 0) XTestFakeButtonEvent(display_, Button1, True, CurrentTime);
+        XSync(display_, False);
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));  // a hand is no quicker
+    }
     XTestFakeButtonEvent(display_, Button1, False, CurrentTime);
     XSync(display_, False);
 }

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <utility>
+#include <vector>
 
 struct _XDisplay;
 
@@ -16,6 +18,8 @@ class XClient {
     void Key(std::uint32_t symbol, bool down);
     void Tap(std::uint32_t symbol);
     void Click(int x, int y);
+    // Pressed at the first place, moved over the others, let go at the last one.
+    void Drag(const std::vector<std::pair<int, int>>& places);
     void AutoRepeat(bool on);
     // The own window takes the keyboard; `window` gets it back.
     void TakeKeyboard();
