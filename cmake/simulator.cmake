@@ -21,8 +21,12 @@ else()
 endif()
 
 # Whole games on hostile data.
-add_executable(hostile_games EXCLUDE_FROM_ALL tools/hostile/hostile_games.cpp tools/hostile/hostile.cpp)
+add_executable(hostile_games EXCLUDE_FROM_ALL tools/hostile/hostile_games.cpp tools/hostile/hostile.cpp
+               tools/hostile/hostile_folder.cpp)
 target_link_libraries(hostile_games PRIVATE tarnveil_simulation tarnveil_headless tarnveil_command_line)
+add_executable(hostile_digests EXCLUDE_FROM_ALL tools/hostile/hostile_digests.cpp tools/hostile/hostile.cpp
+               tools/hostile/hostile_folder.cpp)
+target_link_libraries(hostile_digests PRIVATE tarnveil_simulation tarnveil_headless)
 if(BUILD_TESTING)
   set_target_properties(hostile_games PROPERTIES EXCLUDE_FROM_ALL OFF)
 endif()

@@ -33,3 +33,12 @@ add_executable(game src/web_main.cpp ${web}/audio.cpp ${web}/clock.cpp ${web}/fo
 target_link_libraries(game PRIVATE tarnveil_game tarnveil_web_files)
 target_link_options(game PRIVATE ${module_options} -sASYNCIFY=1 -sASYNCIFY_STACK_SIZE=16384)
 set_target_properties(game PROPERTIES SUFFIX .mjs)
+
+# Hostile games in node, whose fingerprints are compared with the native build's.
+add_executable(hostile_digests EXCLUDE_FROM_ALL tools/hostile/hostile_digests.cpp tools/hostile/hostile.cpp
+               tools/hostile/memory_folder.cpp tools/fresh_program.cpp)
+target_include_directories(hostile_digests PRIVATE tools)
+target_link_libraries(hostile_digests PRIVATE tarnveil_game tarnveil_scripted tarnveil_web_files)
+target_link_options(hostile_digests PRIVATE -fexceptions -O3 -sALLOW_MEMORY_GROWTH=1 -sENVIRONMENT=node -sFILESYSTEM=0
+                    -sEXIT_RUNTIME=1)
+set_target_properties(hostile_digests PROPERTIES SUFFIX .cjs)

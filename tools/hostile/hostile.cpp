@@ -1,16 +1,14 @@
 #include "hostile.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <ctime>
-#include <filesystem>
-#include <fstream>
 #include <vector>
 
 #include "combat/enemy_move.h"
 #include "fresh_program.h"
 #include "host/headless/headless.h"
 #include "host/window.h"
+#include "hostile_folder.h"
 #include "platform/events.h"
 #include "shell/game_loop.h"
 #include "stage/data_files.h"
@@ -113,20 +111,15 @@ std::vector<std::uint8_t> AnyMoves(Source& in, const Wildness& wild) {
     return EncodeEneMove(table);
 }
 
-void WriteFile(const std::string& path, std::span<const std::uint8_t> bytes) {
-    std::ofstream(path, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-}
-
 // Now and then a file is cut short or missing: the game must end with a message.
 void WriteTables(Source& in, const std::string& folder) {
     const Wildness wild{in.Below(64), in.Below(48)};
     const auto put = [&](std::string_view name, std::vector<std::uint8_t> bytes) {
         const std::string path = folder + "/" + std::string(name.substr(1));
-        std::filesystem::remove(path);
+        hostile::DropFile(path);
         if (in.Chance(1)) return;
         if (in.Chance(1)) bytes.resize(in.Below(static_cast<unsigned>(bytes.size())));
-        WriteFile(path, bytes);
+        hostile::PutFile(path, bytes);
     };
     for (const Play& play : kPlays) put(play.file, AnyStage(in, wild));
     put(kEnemyDataFile, AnyKinds(in, wild));
@@ -150,6 +143,7 @@ void SpoilPictures(Source& in) {
 Source* input = nullptr;
 HostileReport report;
 int limit = 0;
+void (*frameSeen)() = nullptr;
 std::clock_t frameStart = 0;
 
 // Random keys, joystick readings and menu clicks; at the limit, the way out.
@@ -184,6 +178,7 @@ void FrameDone() {
     frameStart = now;
     headless::TheHost().audio.clear();
     headless::TheHost().log.clear();
+    if (frameSeen) frameSeen();
     // A picture may be swapped in the middle of a game as well.
     if (input->Chance(1)) SpoilPictures(*input);
 }
@@ -200,11 +195,13 @@ void StartProgram(Source& in, const std::string& folder) {
 
 }  // namespace
 
-HostileReport PlayHostileGame(std::span<const std::uint8_t> bytes, const std::string& folder, int frameLimit) {
+HostileReport PlayHostileGame(std::span<const std::uint8_t> bytes, const std::string& folder, int frameLimit,
+                              void (*seen)()) {
     Source in(bytes);
     input = &in;
     report = {};
     limit = frameLimit;
+    frameSeen = seen;
     StartProgram(in, folder);
     WriteTables(in, folder);
     gameWatcher = {Started, FrameDone, nullptr};
@@ -215,9 +212,4 @@ HostileReport PlayHostileGame(std::span<const std::uint8_t> bytes, const std::st
     } catch (const EndProgram&) {
     }
     return report;
-}
-
-std::string MakeHostileFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "tarnveil-hostile-XXXXXX").string();
-    return mkdtemp(pattern.data()) ? pattern : ".";
 }

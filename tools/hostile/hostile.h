@@ -13,8 +13,6 @@ struct HostileReport {
 };
 
 // Plays one game made from `bytes` (the same bytes give the same game), for at most `frameLimit` frames. `folder` is
-// written to.
-HostileReport PlayHostileGame(std::span<const std::uint8_t> bytes, const std::string& folder, int frameLimit);
-
-// A folder of its own under the system's temporary folder.
-std::string MakeHostileFolder();
+// written to. `seen` is called after each frame.
+HostileReport PlayHostileGame(std::span<const std::uint8_t> bytes, const std::string& folder, int frameLimit,
+                              void (*seen)() = nullptr);

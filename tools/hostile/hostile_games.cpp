@@ -1,11 +1,11 @@
 // hostile_games: plays random hostile games until enough frames are played. Prints where games ended; fails when a
 // frame takes far longer than a frame may.
 #include <cstdio>
-#include <filesystem>
 #include <string>
 
 #include "command_line/command_line.h"
 #include "hostile.h"
+#include "hostile_folder.h"
 
 int main(int argc, char** argv) {
     long wanted = 20000;
@@ -14,7 +14,7 @@ int main(int argc, char** argv) {
     if (const auto ended = app.Read(argc, argv)) return *ended;
     constexpr int kFramesPerGame = 600;
     constexpr double kLongestFrame = 1.0;  // seconds, sanitizers included
-    const std::string folder = MakeHostileFolder();
+    const std::string folder = hostile::MakeFolder();
     long frames = 0;
     int games = 0, refused = 0;
     double slowest = 0;
@@ -31,7 +31,7 @@ int main(int argc, char** argv) {
             return 1;
         }
     }
-    std::filesystem::remove_all(folder);
+    hostile::RemoveFolder(folder);
     std::printf("%d games, %ld frames, %d refused for their files, slowest frame %.1f ms\n", games, frames, refused,
                 slowest * 1000);
     return 0;
