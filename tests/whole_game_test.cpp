@@ -89,6 +89,40 @@ TEST_F(WholeGameTest, ANormalGamePassesItsStagesAndTheEndingAndSavesItsScore) {
     EXPECT_EQ((ScoresType{.Nomal = bonus}), game.Scores);
 }
 
+TEST_F(WholeGameTest, TitleGameAndEndingDoNotNoticeTheWrapOfTheClock) {
+    PutShortStages();
+    bool ending = false;
+    const auto trace = [&](std::uint32_t start) {
+        FreshProgram();
+        SetProgramFolder(folder.string());
+        FixSeed(1);
+        host.now = start;
+        std::vector<std::uint32_t> seen;
+        int yields = 0;
+        host.onYield = [&] {
+            constexpr int kEnd = 4000;
+            if (++yields == kEnd) throw EndProgram();
+            if (yields % 100 == 0) headless::Tap(VK_SPACE);
+            ending |= game.StageNo == kPlays[0].stageNo + 3;
+            seen.insert(seen.end(), {host.now - start, static_cast<std::uint32_t>(game.StageNo),
+                                     static_cast<std::uint32_t>(game.FrameTime), MainForm.Crt.image[yields]});
+        };
+        EXPECT_THROW(TitleScreen(), EndProgram);
+        host.onYield = nullptr;
+        return seen;
+    };
+    const auto usual = trace(1000);
+    const std::uint32_t length = usual[usual.size() - 4];
+    for (const std::uint32_t wrap : {0x80000000u, 0u}) {
+        constexpr std::uint32_t kPlaces = 4;
+        for (std::uint32_t place = 0; place < kPlaces; ++place) {
+            const std::uint32_t before = length / kPlaces * place + 3;
+            EXPECT_TRUE(usual == trace(wrap - before)) << before << " ms before " << wrap;
+        }
+    }
+    EXPECT_TRUE(ending) << "was reached";
+}
+
 TEST_F(WholeGameTest, DigestPlaysAndScoreAttackEndAtTheirFirstStageChange) {
     PutShortStages();
     for (const auto choose : {Menu402_Click, Menu403_Click, Menu404_Click}) {

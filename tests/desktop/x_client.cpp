@@ -68,6 +68,13 @@ bool XClient::KeyboardIsIn(unsigned long window) {
     return focus == window;
 }
 
+std::pair<int, int> XClient::PlaceOf(unsigned long window) {
+    int x = 0, y = 0;
+    Window child;
+    XTranslateCoordinates(display_, window, DefaultRootWindow(display_), 0, 0, &x, &y, &child);
+    return {x, y};
+}
+
 void XClient::Minimise(unsigned long window) {
     XIconifyWindow(display_, window, DefaultScreen(display_));
     XSync(display_, False);

@@ -25,6 +25,8 @@ class XClient {
     void TakeKeyboard();
     void GiveKeyboard(unsigned long window);
     bool KeyboardIsIn(unsigned long window);
+    // Where the window's top left corner stands on the screen by now; its program may not have heard of it yet.
+    std::pair<int, int> PlaceOf(unsigned long window);
     void Minimise(unsigned long window);
     bool HasWindowManager();
 

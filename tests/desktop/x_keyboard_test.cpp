@@ -61,14 +61,6 @@ desktop::MainWindow& Window() {
     return *desktop::TheHost().window;
 }
 
-unsigned long WindowId() {
-    return InProgram([] { return static_cast<unsigned long>(Window().winId()); });
-}
-
-QPoint PlaceOf(QMenuBar& bar, QAction& item) {
-    return bar.mapToGlobal(bar.actionGeometry(&item).center());
-}
-
 // A window manager that starts among windows takes the keyboard from one to the next for a while.
 class ManagerIsThere : public testing::Environment {
     void SetUp() override {
@@ -95,7 +87,8 @@ class XKeyboardTest : public DesktopTest {
     void WhileTheProgramRuns(const std::function<void()>& part) {
         std::atomic<bool> done = false;
         std::thread thread([&] {
-            user.GiveKeyboard(WindowId());
+            GoElsewhere();  // there and back: a window manager is then done with the new windows
+            user.GiveKeyboard(windowId);
             if (GoesOn()) {
                 part();
             } else {
@@ -115,7 +108,7 @@ class XKeyboardTest : public DesktopTest {
     // The program yields and has the keyboard, also as the X server sees it.
     bool GoesOn() {
         const int start = yields;
-        return Until([&] { return yields > start + 3 && View().hasFocus() && user.KeyboardIsIn(Window().winId()); });
+        return Until([&] { return yields > start + 3 && View().hasFocus() && user.KeyboardIsIn(windowId); });
     }
     void Hold(const XKey& key) {
         user.Key(key.symbol, true);
@@ -130,11 +123,18 @@ class XKeyboardTest : public DesktopTest {
         EXPECT_TRUE(Until([&] { return !IsDown(key); })) << "stuck";
     }
 
+    // In the main window, whose place the window manager may have changed.
+    static QPoint ItemOfBar(int index) {
+        auto& bar = *Window().findChild<QMenuBar*>();
+        return bar.mapTo(&Window(), bar.actionGeometry(bar.actions()[index]).center());
+    }
+    QPoint PlaceOfItem(int index) {
+        const auto [x, y] = user.PlaceOf(windowId);
+        return QPoint(x, y) + InProgram([&] { return ItemOfBar(index); });
+    }
     void OpenMenu(int index) {
-        const QPoint place = InProgram([&] {
-            auto& bar = *Window().findChild<QMenuBar*>();
-            return PlaceOf(bar, *bar.actions()[index]);
-        });
+        EXPECT_TRUE(Until([] { return Window().isActiveWindow(); }));
+        const QPoint place = PlaceOfItem(index);
         user.Click(place.x(), place.y());
         EXPECT_TRUE(Until([] { return QApplication::activePopupWidget() != nullptr; })) << "menu " << index;
     }
@@ -160,10 +160,15 @@ class XKeyboardTest : public DesktopTest {
         std::function<void()> leave, back;
     };
     std::vector<Way> Ways() {
+        // Whom a window manager gives the keyboard when a window closes is its own affair: the user asks for it.
+        const auto closeWith = [this](std::uint32_t symbol) {
+            CloseWith(symbol);
+            user.GiveKeyboard(windowId);
+        };
         std::vector<Way> ways{
-            {"another window", [this] { GoElsewhere(); }, [this] { user.GiveKeyboard(WindowId()); }},
-            {"a message box", [this] { Ask([] { MsgBox("text", "caption"); }); }, [this] { CloseWith(kReturn); }},
-            {"an editor", [this] { Ask(MainForm.Menu202.Click); }, [this] { CloseWith(kEscape.symbol); }}};
+            {"another window", [this] { GoElsewhere(); }, [this] { user.GiveKeyboard(windowId); }},
+            {"a message box", [this] { Ask([] { MsgBox("text", "caption"); }); }, [=] { closeWith(kReturn); }},
+            {"an editor", [this] { Ask(MainForm.Menu202.Click); }, [=] { closeWith(kEscape.symbol); }}};
         constexpr int kMenus = 5;
         for (int i = 0; i < kMenus; ++i) {
             ways.push_back(
@@ -186,6 +191,7 @@ class XKeyboardTest : public DesktopTest {
     }
 
     XClient user;
+    const unsigned long windowId = Window().winId();
     Repeats repeats;
     bool repeating = true;
     std::atomic<int> yields = 0;
@@ -247,7 +253,7 @@ TEST_F(XKeyboardTest, TheGameGoesOnAfterTheMenuBarHadTheKeyboard) {
         };
         const auto awayAndBack = [this] {
             GoElsewhere();
-            user.GiveKeyboard(WindowId());
+            user.GiveKeyboard(windowId);
         };
         mark();
         awayAndBack();
@@ -259,9 +265,9 @@ TEST_F(XKeyboardTest, TheGameGoesOnAfterTheMenuBarHadTheKeyboard) {
         EXPECT_TRUE(GoesOn()) << "a menu, away and back";
         if (user.HasWindowManager()) {
             mark();
-            user.Minimise(WindowId());
+            user.Minimise(windowId);
             EXPECT_TRUE(Until([] { return !QApplication::activeWindow(); }));
-            user.GiveKeyboard(WindowId());
+            user.GiveKeyboard(windowId);
             EXPECT_TRUE(GoesOn()) << "Alt, minimised and restored";
         }
     });
@@ -269,11 +275,7 @@ TEST_F(XKeyboardTest, TheGameGoesOnAfterTheMenuBarHadTheKeyboard) {
 
 TEST_F(XKeyboardTest, ClicksOnMenusWhileTheProgramIsBusyFreezeNothing) {
     WhileTheProgramRuns([this] {
-        std::vector<QPoint> places = InProgram([] {
-            auto& bar = *Window().findChild<QMenuBar*>();
-            return std::vector{PlaceOf(bar, *bar.actions()[0]), PlaceOf(bar, *bar.actions()[1]),
-                               PlaceOf(bar, *bar.actions()[2])};
-        });
+        const std::vector places{PlaceOfItem(0), PlaceOfItem(1), PlaceOfItem(2)};
         InProgram([&] {  // the program is stopped meanwhile
             for (const QPoint& place : places) user.Click(place.x(), place.y());
             user.Tap(kEscape.symbol);
