@@ -176,6 +176,8 @@ TEST_F(CombatTest, FixedFireCodesPutTheirShotsAtTheirPlaces) {
     game.EnemyData[0] = {0, 0, 25, 51, 0, 0, 0};
     game.Level = 5;
     for (const Integer outside : std::array<Integer, 2>{-1, kEnemySlots}) SetEneShot(outside, 2);
+    PutEnemy(0, kEnemyKinds, 100, 200);
+    SetEneShot(0, 2);
     EXPECT_EQ(0, ShotsInFlight());
     for (const Born& b : {Born{2, 2, 1, 0, 108.5F, 241, 0, 14.5F, false},
                           {8, 8, 5, 1, 88.5F, 221, -4, 20, false},
@@ -184,7 +186,7 @@ TEST_F(CombatTest, FixedFireCodesPutTheirShotsAtTheirPlaces) {
                           {9, 7, 2, 1, 145, 226, 0, 8, true},
                           {10, 10, 3, 2, 122.5F, 201, 3, 16, false},
                           {11, 7, 2, 1, 270, 226, 0, 8, true}}) {
-        for (EneShotType& shot : game.EneShot) shot = {};
+        for (EneShotType& shot : game.EneShot) shot = {}, shot.TrailWait = 9;
         PutEnemy(0, 0, 100, 200);
         SetEneShot(0, b.code);
         EXPECT_EQ(b.shots, ShotsInFlight()) << int{b.code};
@@ -192,6 +194,7 @@ TEST_F(CombatTest, FixedFireCodesPutTheirShotsAtTheirPlaces) {
         EXPECT_EQ(b.kind, shot.Kind);
         EXPECT_EQ((std::array{b.x, b.y, b.vx, b.vy}), (std::array{shot.X, shot.Y, shot.VX, shot.VY})) << int{b.code};
         for (const Single x : shot.TX) EXPECT_EQ(b.trail ? b.x : 0, x);
+        EXPECT_EQ(b.code == 2 ? 9 : 0, shot.TrailWait);
     }
 }
 
@@ -326,6 +329,50 @@ TEST_F(CombatTest, ShotsAreDrawnWithTheirMasksAndOverTheirTrails) {
     BitBlt(wanted, 100, 200, 16, 16, sheet, 32, 32, SRCPAINT);
     MoveEneShot();
     EXPECT_EQ(wanted.image, MainForm.Crt.image);
+}
+
+TEST_F(CombatTest, EveryKindOfShotHasItsPictureAndItsHitBox) {
+    struct Look {
+        Byte kind;
+        int w, h, x, y, maskX, maskY;  // maskX -1: none
+        Single left, top, right, bottom;
+    };
+    static int reported;
+    reported = 0;
+    shotWatcher.Hit = [](int slot) { reported += slot == 3; };
+    Surface& sheet = MainForm.EneShotPic;
+    for (std::size_t i = 0; i < sheet.image.size(); ++i) sheet.image[i] = static_cast<Color>(i * 977) & 0xFFFFFF;
+    for (const Look& look : {Look{1, 8, 8, 16, 8, -1, 0, 0, 0, 0, 0},
+                             {2, 8, 16, 0, 0, 8, 0, 0, 0, 8, 8},
+                             {3, 16, 16, 32, 0, 48, 0, 0, 0, 8, 8},
+                             {4, 32, 32, 0, 16, 0, 48, 12, 12, 32, 32},
+                             {5, 16, 16, 32, 16, 48, 16, 4, 4, 12, 12},
+                             {6, 16, 16, 32, 32, 48, 32, 4, 4, 12, 12},
+                             {8, 16, 32, 32, 48, -1, 0, 4, 4, 12, 12},
+                             {10, 16, 32, 32, 48, -1, 0, 4, 4, 12, 12}}) {
+        for (Color& pixel : MainForm.Crt.image) pixel = 0x345678;
+        Surface wanted = MainForm.Crt;
+        if (look.maskX >= 0) BitBlt(wanted, 50, 60, look.w, look.h, sheet, look.maskX, look.maskY, SRCAND);
+        BitBlt(wanted, 50, 60, look.w, look.h, sheet, look.x, look.y, SRCPAINT);
+        PutShot(3, look.kind, 50, 60);
+        MoveEneShot();
+        EXPECT_TRUE(wanted.image == MainForm.Crt.image) << int{look.kind};
+        game.MyX = 100, game.MyY = 200;  // hit within 116..148, 224..242
+        const auto hits = [&](Single x, Single y) {
+            game.MyPower = 32;
+            PutShot(3, look.kind, x, y);
+            MoveEneShot();
+            return game.EneShot[3].Used == 0;
+        };
+        const Single x = 130 - look.left, y = 233 - look.top;
+        for (const Single inside : {0.5F, -0.5F}) {
+            EXPECT_EQ(inside > 0, hits(116 - look.right + inside, y)) << int{look.kind};
+            EXPECT_EQ(inside > 0, hits(148 - look.left - inside, y)) << int{look.kind};
+            EXPECT_EQ(inside > 0, hits(x, 224 - look.bottom + inside)) << int{look.kind};
+            EXPECT_EQ(inside > 0, hits(x, 242 - look.top - inside)) << int{look.kind};
+        }
+    }
+    EXPECT_EQ(8 * 4, reported);
 }
 
 TEST_F(CombatTest, TheHitBoxIsOpenOnAllSides) {
