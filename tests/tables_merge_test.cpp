@@ -1,6 +1,7 @@
 // tarnveil-tables merge: changed tables back into the Lua sources.
 #include <algorithm>
 
+#include "dump_tables.h"
 #include "merge_tables.h"
 #include "tables_fixture.h"
 
@@ -93,6 +94,26 @@ TEST_F(MergeTest, EntriesStepsAndKindsAreChangedAddedAndLeftOut) {
         "pattern 'down'\nstep{DY = 2}\nstep { DX = 0.5, Anime = 1, Flag = 11 }\n"
         "step{DX = 0, DY = 100, Flag = 'repeat'}\nstep{Flag = 'end'}",
         result.sources["moves.lua"]);
+}
+
+TEST_F(MergeTest, AGroupThatIsBrokenBecomesSmallerOnes) {
+    ASSERT_EQ("", ReadTables(std::string(TARNVEIL_ASSETS) + "/data", *wanted));
+    for (const LuaSource& source : DumpTables(*wanted, NumberedNames())) Write(source.name, source.text);
+    Want();
+    stage[4].X += 3;                                   // in stairs
+    std::copy(stage + 121, stage + 513, stage + 120);  // one of a loop over two kinds
+    std::copy_backward(stage + 35, stage + 512, stage + 513);
+    stage[35] = {99, -32, 3, 1, 2};  // within a swarm
+    wanted->EneMove[0][50].DY = 9;
+    Merge();
+    EXPECT_EQ(Lines(), result.left);
+    EXPECT_TRUE(*wanted == *tables);
+    for (const auto& [file, line] :
+         {std::pair{"moves.lua", "step { DY = 9"},
+          {"stage1.lua", "swarm { No = \"kind_0\", X = { 24, 58, 92, 129, 160, 194, 228 }"},
+          {"stage1.lua", "\nentry { No = \"kind_3\", X = 99, Y = -32, Counter = 1, Power = 2 }"}}) {
+        EXPECT_NE(std::string::npos, result.sources[file].find(line)) << line;
+    }
 }
 
 // What is no number of its own is not taken for one.

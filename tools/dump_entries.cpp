@@ -57,7 +57,8 @@ bool AreAlike(const StageDataType& a, const StageDataType& b) {
 
 class EntryWriter {
   public:
-    EntryWriter(std::span<const StageDataType> entries, const Words& words) : entries_(entries), words_(words) {
+    EntryWriter(std::span<const StageDataType> entries, const Words& words, std::size_t number)
+        : entries_(entries), words_(words), number_(number) {
         for (std::size_t i = 0; i < entries.size(); ++i) {
             if (JumpsBack(i)) targets_.insert(JumpTarget(entries[i].X, i));
         }
@@ -155,7 +156,8 @@ class EntryWriter {
             text = WrittenWord(group, first);
         }
         const std::size_t last = first + group.Entries() - 1;
-        text_ += text + " -- " + std::to_string(first) + (last > first ? ".." + std::to_string(last) : "") + "\n";
+        text_ += text + " -- " + std::to_string(number_ + first) +
+                 (last > first ? ".." + std::to_string(number_ + last) : "") + "\n";
     }
 
     std::string WrittenEntry(std::size_t at) const {
@@ -214,12 +216,13 @@ class EntryWriter {
 
     std::span<const StageDataType> entries_;
     const Words& words_;
+    std::size_t number_;  // of the first entry
     std::set<int> targets_;
     std::string text_;
 };
 
 }  // namespace
 
-std::string DumpEntries(std::span<const StageDataType> entries, const Words& words) {
-    return EntryWriter(entries, words).Write();
+std::string DumpEntries(std::span<const StageDataType> entries, const Words& words, std::size_t first) {
+    return EntryWriter(entries, words, first).Write();
 }

@@ -5,14 +5,19 @@
 #include <set>
 #include <span>
 
+#include "dump_tables.h"
 #include "lua_text.h"
 #include "toolkit/rounding.h"
 
-// The steps of one pattern, all of them in use. `words` are those of Flag.
+// Words for Flag and No.
+Words FlagWords();
+Words KindWords(const TableNames& names);
+
+// The steps of one pattern that are in use, or some of them. `words` are those of Flag.
 std::string DumpSteps(std::span<const EneMoveType> steps, const Words& words);
 
-// The entries in use of one appearance table. `words` are those of No.
-std::string DumpEntries(std::span<const StageDataType> entries, const Words& words);
+// The entries in use of one appearance table, or some of them that begin with number `first`. `words` are those of No.
+std::string DumpEntries(std::span<const StageDataType> entries, const Words& words, std::size_t first = 0);
 
 inline constexpr const char* kGroupsFile = "groups.lua";
 extern const char* const kGroupsText;

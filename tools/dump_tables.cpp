@@ -14,12 +14,6 @@ std::size_t UsedCount(std::span<const Record> records) {
     return used;
 }
 
-Words FlagWords() {
-    Words words = WordsOf(kStepNames);
-    words.erase(0);  // the usual step needs no word
-    return words;
-}
-
 std::string FireCodesOf(const EneMoveType (&script)[kMoveSteps], const PatternRun& run) {
     std::set<int> codes;
     for (std::size_t i = 0; i < kMoveSteps; ++i) {
@@ -81,6 +75,20 @@ std::string DumpStage(std::span<const StageDataType> entries, const Words& words
 }
 
 }  // namespace
+
+Words FlagWords() {
+    Words words = WordsOf(kStepNames);
+    words.erase(0);  // the usual step needs no word
+    return words;
+}
+
+Words KindWords(const TableNames& names) {
+    Words words = WordsOf(kCommandNames);
+    for (std::size_t i = 0; i < kEnemyKinds; ++i) {
+        if (!names.kinds[i].empty()) words.emplace(static_cast<Integer>(i), Quoted(names.kinds[i]));
+    }
+    return words;
+}
 
 TableNames NumberedNames() {
     TableNames names;

@@ -4,8 +4,8 @@
 #include <cstdio>
 #include <set>
 
+#include "dump_parts.h"
 #include "lua_literals.h"
-#include "lua_text.h"
 #include "stage/stage_script.h"
 
 namespace {
@@ -52,6 +52,11 @@ class Finder {
     void AddSpawn();
     void AddArming();
     void AddNewLines();
+    void AddRegrouped();
+    std::string LineAt(int line) const;
+    std::pair<int, int> GroupAround(int line) const;
+    int WantedAt(int built) const;
+    std::string Written(int first, int end) const;
     std::vector<std::string> NewRecords() const;
     std::string Spawn(const Row& row, const std::string& later) const;
     void AddLine(int line, const std::string& text);
@@ -255,6 +260,64 @@ void Finder::AddNewLines() {
     }
 }
 
+std::string Finder::LineAt(int line) const {
+    const std::size_t start = LineStart(source_, line);
+    return source_.substr(start, LineStart(source_, line + 1) - start);
+}
+
+// The lines of the statement that writes a group as a dump does: a word of groups.lua or a loop. Zeros: it is none.
+std::pair<int, int> Finder::GroupAround(int line) const {
+    const auto begins = [&](int at, const char* word) { return LineAt(at).starts_with(word); };
+    if (IsStep())
+        return begins(line, "for ") && LineAt(line).ends_with("end\n") ? std::pair(line, line) : std::pair(0, 0);
+    for (const char* word : {"stream {", "row {", "stairs {", "swarm {"}) {
+        if (begins(line, word)) return {line, line};
+    }
+    int first = line, last = line;
+    while (first > 1 && begins(first, "    entry {")) --first;
+    while (begins(last, "    entry {")) ++last;
+    return begins(first, "for ") && begins(last, "end") && first < line ? std::pair(first, last) : std::pair(0, 0);
+}
+
+// The wanted record at which the built record `built` is reached, when all new ones before it have been passed.
+int Finder::WantedAt(int built) const {
+    int wanted = built;
+    for (const Difference& difference : differences_) {
+        if (difference.wanted < 0 && difference.built < built) --wanted;
+        if (difference.built < 0 && difference.wanted <= wanted) ++wanted;
+    }
+    return wanted;
+}
+
+std::string Finder::Written(int first, int end) const {
+    const Tables& tables = shop_.WantedTables();
+    const auto start = static_cast<std::size_t>(first), count = static_cast<std::size_t>(end - first);
+    if (IsStep()) return DumpSteps(std::span(tables.EneMove[spot_.sheet]).subspan(start, count), FlagWords());
+    TableNames names;
+    std::ranges::copy(shop_.Now().built->kindNames, names.kinds.begin());
+    const std::size_t table = spot_.sheet + kStageTables - shop_.Wanted().size();
+    return DumpEntries(std::span(tables.Stages[table]).subspan(start, count), KindWords(names), start);
+}
+
+// A group that is no longer one, as the smaller ones that it has become.
+void Finder::AddRegrouped() {
+    if (!IsEntry() && !IsStep()) return;
+    const int row = spot_.difference.built >= 0 ? spot_.difference.built : BuiltBefore();
+    const auto [firstLine, lastLine] = GroupAround(std::max(OriginAt(row).inner, 1));
+    if (firstLine == 0) return;
+    const auto inGroup = [&, from = firstLine, to = lastLine](int at) {
+        return OriginAt(at).inner >= from && OriginAt(at).inner <= to;
+    };
+    const int rows = static_cast<int>(shop_.Now().sheets[spot_.sheet].rows.size());
+    int first = row, end = row + 1;
+    while (first > 0 && inGroup(first - 1)) --first;
+    while (end < rows && inGroup(end)) ++end;
+    const int from = WantedAt(first), to = WantedAt(end);
+    if (from > to || to > static_cast<int>(sheet_.rows.size())) return;
+    edits_.push_back(
+        {sheet_.source, LineStart(source_, firstLine), LineStart(source_, lastLine + 1), Written(from, to)});
+}
+
 std::vector<Edit> Finder::Find() {
     const Lines lines = LinesToChange();
     for (const auto& [file, source] : shop_.Sources()) {
@@ -267,6 +330,7 @@ std::vector<Edit> Finder::Find() {
     }
     AddSpawn();
     AddArming();
+    AddRegrouped();
     if (spot_.difference.built < 0) AddNewLines();
     if (spot_.difference.wanted < 0) {
         const int line = OriginAt(spot_.difference.built).inner;

@@ -47,7 +47,7 @@ void Merger::Make(const Edit& edit, BuiltState state) {
     result_.sources[edit.file] = after;
     const auto start = before.begin() + static_cast<std::ptrdiff_t>(edit.start);
     const int line = 1 + static_cast<int>(std::count(before.begin(), start, '\n'));
-    const bool comes = edit.text.ends_with('\n'), goes = edit.text.empty();
+    const bool comes = edit.start == edit.end && edit.text.ends_with('\n'), goes = edit.text.empty();
     const std::string now = goes ? "is gone" : "→ " + LineText(after, line);
     result_.done.push_back(edit.file + ":" + std::to_string(line) + ": " +
                            (comes ? "new: " + LineText(after, line) : LineText(before, line) + " " + now));

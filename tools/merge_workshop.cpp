@@ -69,6 +69,7 @@ std::string Workshop::Build(const std::map<std::string, std::string>& sources, B
 
 std::string Workshop::Open(const Tables& wanted, const std::string& folder) {
     folder_ = folder;
+    tables_ = std::make_unique<Tables>(wanted);
     wanted_ = SheetsOf(wanted);
     std::string fault = CompleteFileSet(folder);
     if (!fault.empty()) return fault;

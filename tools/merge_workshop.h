@@ -40,6 +40,7 @@ class Workshop {
     const std::map<std::string, std::string>& Sources() const { return sources_; }
     const std::string& SourceOf(const Spot& spot) const { return sources_.at(wanted_[spot.sheet].source); }
     const std::vector<Sheet>& Wanted() const { return wanted_; }
+    const Tables& WantedTables() const { return *tables_; }
     const BuiltState& Now() const { return now_; }
 
     // Only for records that are there.
@@ -66,6 +67,7 @@ class Workshop {
     bool SpoilsNothing(const BuiltState& state) const;
 
     std::string folder_;
+    std::unique_ptr<Tables> tables_;
     std::vector<Sheet> wanted_;
     std::map<std::string, std::string> sources_;
     BuiltState now_;
