@@ -58,8 +58,15 @@ add_library(tarnveil_bench_window STATIC ${bench_window})
 target_link_libraries(tarnveil_bench_window PUBLIC tarnveil_bench_window_headers tarnveil_game Qt6::Widgets
                       $<TARGET_PROPERTY:tarnveil_desktop,INTERFACE_LINK_LIBRARIES>)
 
+# The list of runs, films of them and races, in the same way.
+file(GLOB runs_window CONFIGURE_DEPENDS src/runs_window/*.cpp)
+add_headers(runs_window)
+add_library(tarnveil_runs_window STATIC ${runs_window})
+target_link_libraries(tarnveil_runs_window PUBLIC tarnveil_runs_window_headers tarnveil_game Qt6::Widgets
+                      $<TARGET_PROPERTY:tarnveil_desktop,INTERFACE_LINK_LIBRARIES>)
+
 add_executable(tarnveil src/main.cpp src/options.cpp src/recorded_play.cpp)
-target_link_libraries(tarnveil PRIVATE tarnveil_bench_window tarnveil_desktop tarnveil_game tarnveil_command_line)
+target_link_libraries(tarnveil PRIVATE tarnveil_bench_window tarnveil_runs_window tarnveil_desktop tarnveil_game tarnveil_command_line)
 add_papers(tarnveil 6 game)
 set_source_files_properties(${desktop}/scaling.cpp PROPERTIES COMPILE_OPTIONS "$<$<NOT:$<CONFIG:Debug>>:-O3>")
 

@@ -15,7 +15,7 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 SRC = ROOT / "src"
-PROGRAM = ("program", "bench_window")  # these see everything
+PROGRAM = ("program", "bench_window", "runs_window")  # these see everything
 HOST_SEES = ("host", "toolkit", "state")
 
 

@@ -12,6 +12,7 @@
 #include "host/window.h"
 #include "options.h"
 #include "recorded_play.h"
+#include "runs_window/run_desk.h"
 #include "shell/main_routine.h"
 #include "stage/data_files.h"
 #include "state/main_form.h"
@@ -78,11 +79,20 @@ std::unique_ptr<bench_window::BenchWindow> OpenBench(const desktop::Options& opt
     return bench;
 }
 
-int Run(const desktop::Options& options) {
+// The list of runs and what is done with them; a replay has none.
+std::unique_ptr<runs_window::RunDesk> OpenRuns(const desktop::Options& options) {
+    if (!options.replay.empty()) return nullptr;
+    auto runs = std::make_unique<runs_window::RunDesk>(desktop::TheHost());
+    if (!options.run.empty()) runs->Ask(runs_window::Deed::play, options.run);
+    return runs;
+}
+
+int RunProgram(const desktop::Options& options) {
     try {
         ApplyOptions(options);
         const std::string error = desktop::StartRecordedPlay(options);
         if (!error.empty()) return Fail(error);
+        const auto runs = OpenRuns(options);
         const auto bench = OpenBench(options);
         const Sound sound;
         Main();
@@ -101,5 +111,5 @@ int main(int argc, char** argv) {
     if (const auto ended = desktop::ReadOptions(argc, argv, options)) return *ended;
     desktop::Host host(argc, argv);
     ApplyToWindow(options, host);
-    return Run(options);
+    return RunProgram(options);
 }

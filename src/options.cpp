@@ -20,6 +20,9 @@ std::optional<int> ReadOptions(int argc, const char* const* argv, Options& optio
     AddFile(app, "--soundfont", options.soundFont, "play the music with the SoundFont FILE");
     auto* record = AddOutputFile(app, "--record", options.record, "record the first game into FILE");
     auto* replay = AddFile(app, "--replay", options.replay, "play the recorded game FILE and exit")->excludes(record);
+    app.add_option("FILE", options.run, "a run to be shown, or another recorded game")
+        ->check(WhyNotRead)
+        ->excludes(replay);
     AddFlag(app, "--any-data", options.anyData, "replay also with other data tables than recorded with")->needs(replay);
     AddFlag(app, "--fast", options.fast, "replay as fast as the machine draws")->needs(replay);
     AddOutputFolder(app, "--screenshots", options.screenshots, "leave three pictures of the replay in DIR")

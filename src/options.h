@@ -13,6 +13,7 @@ struct Options {
     std::string from;     // --from; a place as ReadPlace takes it, or empty
     std::optional<std::uint64_t> seed;
     std::string soundFont;    // --soundfont; empty: not given
+    std::string run;          // a run to be shown; empty: none
     std::string record;       // --record; empty: not given
     std::string replay;       // --replay; empty: not given
     bool anyData = false;     // --any-data

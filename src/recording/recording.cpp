@@ -121,6 +121,17 @@ class Words {
         const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value, base);
         if (error != std::errc() || end != word.data() + word.size()) bad_ = true;
     }
+    // A frame, or "+" and the frames since `last`.
+    void Frame(int& frame, int last) {
+        constexpr int kMost = 1 << 30;
+        in_ >> std::ws;
+        const bool since = in_.peek() == '+';
+        if (since) in_.get();
+        Number(frame);
+        if (!since) return;
+        if (frame < 0 || frame > kMost || last < 0 || last > kMost) return Bad();
+        frame += last;
+    }
     void Decimal(float& value) {
         const std::string word = Text();
         const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value);
@@ -166,7 +177,7 @@ class Words {
 void ParseEvent(Words& words, Recording& r) {
     RecordedEvent recorded{};
     InputEvent& event = recorded.event;
-    words.Number(recorded.time.frame);
+    words.Frame(recorded.time.frame, r.events.empty() ? 0 : r.events.back().time.frame);
     words.Number(recorded.time.yield);
     const std::string name = words.Text();
     bool known = false;
@@ -370,9 +381,25 @@ std::string FormatHeader(const Recording& recording) {
     return out.str();
 }
 
+namespace {
+
+std::string EventLine(const std::string& frame, const RecordedEvent& event) {
+    return "event " + frame + ' ' + std::to_string(event.time.yield) + ' ' + FormatEvent(event.event) + '\n';
+}
+
+void FormatEvents(std::ostream& out, const std::vector<RecordedEvent>& events, EventFrames frames) {
+    int last = 0;
+    for (const RecordedEvent& event : events) {
+        const bool since = frames == EventFrames::sinceLast && event.time.frame >= last;
+        out << (since ? EventLine("+" + std::to_string(event.time.frame - last), event) : FormatEventLine(event));
+        last = event.time.frame;
+    }
+}
+
+}  // namespace
+
 std::string FormatEventLine(const RecordedEvent& event) {
-    return "event " + std::to_string(event.time.frame) + ' ' + std::to_string(event.time.yield) + ' ' +
-           FormatEvent(event.event) + '\n';
+    return EventLine(std::to_string(event.time.frame), event);
 }
 
 std::string FormatCheckLine(int frame, std::uint64_t digest) {
@@ -390,11 +417,11 @@ std::string FormatEnd(const Recording& r) {
            " energy=" + ExactText(r.endEnergy) + " digest=" + Hex(r.endDigest, 16) + '\n';
 }
 
-std::string FormatRecording(const Recording& r) {
+std::string FormatRecording(const Recording& r, EventFrames frames) {
     std::ostringstream out;
     out.imbue(std::locale::classic());
     FormatHeader(out, r);
-    for (const RecordedEvent& event : r.events) out << FormatEventLine(event);
+    FormatEvents(out, r.events, frames);
     for (std::size_t i = 0; i < r.checks.size(); ++i)
         out << FormatCheckLine(static_cast<int>(i + 1) * kCheckInterval, r.checks[i]);
     for (std::size_t i = 0; i < r.frames.size(); ++i) {

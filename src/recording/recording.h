@@ -18,7 +18,7 @@
 //   left 12:3f800000 40:2      what earlier games have left in the state (digest.h): field, bits
 //   held 38 1 0                key, down, pressed since: keys held as the game begins
 //   stick 0 32767 0 1          joystick, x, y, buttons as the game begins
-//   event FRAME YIELD key-down 88
+//   event FRAME YIELD key-down 88    FRAME may be +N: so many frames after the event before
 //   check 256 0123456789abcdef       digest of the whole state after each kCheckInterval-th frame; none, or all
 //   frame FIRST digest digest ...    none, or all frames
 //   result won 3 250           how it ended, the last stage, frames with the spread shot; none: not said
@@ -110,7 +110,10 @@ struct Recording {
     bool operator==(const Recording&) const = default;
 };
 
-std::string FormatRecording(const Recording& recording);
+// How the frames of events are written: as they are, or as those since the last event, which packs better.
+enum class EventFrames { counted, sinceLast };
+
+std::string FormatRecording(const Recording& recording, EventFrames frames = EventFrames::counted);
 
 // The event as its line has it, behind the time: "key-down 88".
 std::string FormatEvent(const InputEvent& event);

@@ -99,7 +99,7 @@ std::string FormatRunHead(const Run& run) {
 }
 
 std::vector<std::uint8_t> PackRun(const Run& run) {
-    const std::string text = FormatRunHead(run) + FormatRecording(run.recording);
+    const std::string text = FormatRunHead(run) + FormatRecording(run.recording, EventFrames::sinceLast);
     return Deflate({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
 }
 
