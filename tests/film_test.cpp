@@ -127,14 +127,14 @@ TEST_F(FilmTest, AJumpInAWholeGameTakesATenthOfASecond) {
     Recording recording;
     ASSERT_EQ("", ReadRecording(std::string(TARNVEIL_TESTS) + "/runs/nomal-game.txt", recording));
     Film film(recording);
-    EXPECT_EQ(11161, film.Frames());
+    ASSERT_LT(10000, film.Frames());
     const auto stages = std::ranges::count(film.Track().marks, FilmMark::Kind::stage, &FilmMark::kind);
     EXPECT_EQ(2, stages);
     std::mt19937 random(1);
     std::vector<double> times;
     for (int i = 0; i < 100; ++i) {
         const auto start = std::chrono::steady_clock::now();
-        film.JumpTo(static_cast<int>(random() % 11161));
+        film.JumpTo(static_cast<int>(random() % static_cast<unsigned>(film.Frames())));
         times.push_back(std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count());
     }
     std::ranges::sort(times);

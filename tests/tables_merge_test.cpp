@@ -44,7 +44,7 @@ TEST_F(MergeTest, TheShippedSourcesKeepTheirStructure) {
     for (int i = 1; i < 8; ++i) stage[i].X += 6;  // not the whole stairs
     std::copy_backward(stage + 49, stage + 512, stage + 513);
     stage[49] = {100, -32, 5, 10, 8};
-    stage[98] = {254, -32, 9, 36, 8};  // another kind, as tough as the one before
+    stage[105] = {254, -32, 9, 36, 8};  // another kind, as tough as the one before
     for (int i = 20; i < 92; ++i) wanted->EneMove[0][i].DY = 7;
     wanted->EneMove[5][27].Flag = 2;
     wanted->EnemyData[5].Score = 99;

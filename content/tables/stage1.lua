@@ -8,7 +8,7 @@ wait(seconds(1.2)) -- the banner
 
 -- 1 S. Darts: in stairs, in ranks
 passage "1 S Darts"
-introduce("dart", 160)
+introduce("dart", 96)
 stairs("dart", 8, 40, 34, 4)
 wait(26)
 stairs("dart", 8, 280, -34, 4)
@@ -28,7 +28,9 @@ wait(34)
 spawn("talon", 270)
 wait(34)
 row("talon", 2, 160, 220)
-wait(44)
+wait(16)
+rank("dart", 7)
+wait(30)
 
 -- 3 S. Wasps: weaving columns
 passage "3 S Wasps"
@@ -50,7 +52,9 @@ wait(36)
 spawn("talon", 270)
 wait(40)
 row("spike", 2, 160, 140)
-wait(50)
+wait(20)
+zip("wasp", 6, 90, 230, 6)
+wait(40)
 
 -- 5 S. Discs, from both sides at once
 passage "5 S Discs"
@@ -71,6 +75,7 @@ row("dome", 2, 190, 150)
 wait(50)
 row("dome", 2, 150, 220)
 wait(20)
+rank("dart", 7)
 spawn("talon", 160)
 wait(40)
 
@@ -92,14 +97,18 @@ wait(36)
 spawn("manta", 230)
 wait(36)
 row("manta", 2, 160, 140)
-wait(44)
+wait(40)
+rank("dart", 8)
+wait(10)
 
 -- 9 S. Kites across, fangs breaking out of the middle
 passage "9 S Kites across"
 introduce("kite", -16, 70)
 from_left("kite", 6, 70, 7)
 from_right("kite_l", 6, 110, 7)
-rest()
+wait(20)
+rank("dart", 7)
+wait(16)
 introduce("fang", 144)
 both("fang", "fang_r", 7, 134, 6)
 wait(44)
@@ -114,6 +123,7 @@ wait(44)
 spawn("cross", 60)
 wait(30)
 spawn("cross", 190)
+zip("wasp", 6, 90, 230, 6)
 wait(40)
 
 -- 11 S. The line closes up: all scouts
@@ -136,17 +146,19 @@ rest()
 -- 12 F. Beetles, bombers with escorts
 passage "12 F Beetles"
 introduce("beetle", 160)
-row("beetle", 2, 160, 190)
-wait(60)
+spawn("beetle", 80)
+wait(46)
+spawn("beetle", 240)
+wait(50)
 row("manta", 2, 160, 60)
 wait(50)
 spawn("beetle", 160)
-wait(30)
+wait(36)
 both("fang", "fang_r", 6, 134, 6)
 wait(30)
 swarm("wasp", 11, 6, 190)
 rest()
 
-wait(seconds(1.5)) -- breath
+wait(seconds(1)) -- breath
 boss "pincer"
 clear()

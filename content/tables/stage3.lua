@@ -17,7 +17,9 @@ wait(46)
 passage "2 F Aces"
 introduce("talon_ace", 110)
 row("talon_ace", 2, 90, 120)
-wait(50)
+wait(30)
+spawn("talon_ace", 110)
+wait(30)
 introduce("lance", 30, HEIGHT)
 both("lance", "lance_r", 1, 30, 0, HEIGHT)
 wait(60)
@@ -35,16 +37,18 @@ wait(40)
 -- 4 F. Mantas in wide circles
 passage "4 F Mantas in wide circles"
 introduce("manta_ace", 70)
-stream("manta_ace", 2, 70, 44)
+stream("manta_ace", 3, 70, 36)
 wait(90)
 
 -- 5 F. Gun ships
 passage "5 F Gun ships"
 introduce("iris", 160)
 row("iris", 2, 160, 220)
-wait(60)
+wait(40)
+spawn("iris", 160)
+wait(26)
 introduce("crab", -24, 30)
-from_left("crab", 2, 30, 50)
+from_left("crab", 3, 30, 40)
 wait(60)
 
 -- 6 S. Their escorts
@@ -64,7 +68,9 @@ passage "7 F A barge"
 introduce("barge", 160)
 wait(30)
 both("fang", "fang_r", 7, 134, 6)
-wait(50)
+wait(40)
+row("talon_ace", 2, 90, 120)
+wait(30)
 
 -- 8 S. Scouts of three kinds
 passage "8 S Scouts of three kinds"
@@ -74,14 +80,16 @@ both("sickle", "sickle_l", 6, 50, 7)
 wait(40)
 stream("wasp_ace", 5, 60, 8, HEIGHT)
 stream("wasp_ace", 5, 260, 8, HEIGHT)
-wait(40)
+wait(36)
+swarm("needle", 10, 5)
+wait(36)
 
 -- 9 F. A hive and its guard
 passage "9 F A hive and its guard"
 introduce("hive", 100)
 wait(20)
-stream("halberd", 3, 240, 26)
-wait(70)
+stream("halberd", 4, 240, 22)
+wait(60)
 
 -- 10 S. The gap in the line
 passage "10 S The gap in the line"
@@ -90,18 +98,21 @@ wait(24)
 swarm("wasp", 14, 5, 190)
 wait(36)
 both("disc", "disc_l", 6, 60, 7)
-wait(40)
-swarm("dart", 14, 5)
-wait(46)
+wait(36)
+swarm("dart", 9, 5)
+wait(30)
+swarm("needle", 7, 6)
+wait(50)
 
 -- 11 F. The flag ships
 passage "11 F The flag ships"
 introduce("fort", 110)
 wait(40)
-zip("dart", 8, 60, 260, 6)
-wait(40)
+zip("dart", 10, 60, 260, 5)
+wait(36)
 spawn("lance_r", 290, HEIGHT)
-wait(40)
+rank("needle", 7)
+wait(36)
 introduce("citadel", 220)
 wait(50)
 both("lance", "lance_r", 1, 30, 0, HEIGHT)
@@ -113,8 +124,10 @@ both("fang", "fang_r", 6, 134, 6)
 wait(36)
 from_left("kite", 5, 60, 8)
 from_right("kite_l", 5, 100, 8)
-swarm("dart", 12, 6)
-wait(46)
+swarm("dart", 8, 6)
+wait(56)
+rank("needle", 6)
+wait(36)
 stream("wasp_ace", 5, 60, 8, HEIGHT)
 stream("wasp_ace", 5, 260, 8, HEIGHT)
 wait(40)
@@ -125,23 +138,23 @@ row("quad", 2, 160, 220)
 wait(56)
 row("iris", 2, 160, 220)
 wait(50)
-spawn("manta_ace", 70)
+stream("manta_ace", 2, 70, 36)
 wait(40)
-spawn("crab", -24, 30)
+from_left("crab", 2, 30, 40)
 wait(50)
 
 -- 14 S. Everything that still flies
 passage "14 S Everything that still flies"
-swarm("wasp", 14, 5, 190)
-wait(46)
+swarm("wasp", 12, 5, 190)
+wait(54)
 both("sickle", "sickle_l", 6, 50, 7)
-wait(36)
-rank("needle", 8)
-wait(24)
-swarm("dart", 14, 5)
+wait(50)
+rank("needle", 7)
+wait(28)
+swarm("dart", 11, 5)
 wait(40)
-both("disc", "disc_l", 7, 50, 7)
-wait(44)
+both("disc", "disc_l", 5, 50, 7)
+wait(76)
 
 -- 15 F. The last line
 passage "15 F The last line"
@@ -151,11 +164,11 @@ row("talon_ace", 2, 90, 120)
 wait(46)
 both("lance", "lance_r", 1, 30, 0, HEIGHT)
 spawn("barge", 160)
-wait(40)
-swarm("dart", 14, 6)
+wait(50)
+swarm("dart", 10, 7)
 rest()
 
-wait(seconds(1.5)) -- breath
+wait(seconds(1)) -- breath
 first_boss "avenger"
 wait(seconds(2))
 last_boss "dreadnought"
