@@ -1,8 +1,9 @@
 // The built site in real browsers: browsers.mjs SITE_FOLDER BUILD_FOLDER [chrome|firefox] [name of a check]
 import assert from 'node:assert/strict';
-import { readFileSync, readdirSync } from 'node:fs';
+import { cpSync, mkdtempSync, readFileSync, readdirSync, rmSync, writeFileSync } from 'node:fs';
 import { createRequire } from 'node:module';
-import { resolve } from 'node:path';
+import { tmpdir } from 'node:os';
+import { join, resolve } from 'node:path';
 import { pathToFileURL } from 'node:url';
 import { atTitle, clickMenu, endGame, kept, launch, openPage, patience, root, serve, sleep, startGame, started } from './site.mjs';
 
@@ -288,6 +289,29 @@ const checks = {
     }
   },
 
+  async 'where nothing can be kept that is told, and the game plays on'({ context, page, url, complaints }) {
+    const played = async (tab, words) => {
+      await atTitle(tab, url);
+      await startGame(tab);
+      await endGame(tab);
+      await tab.waitForFunction((told) => document.getElementById('notices').textContent.includes(told), { timeout: patience, polling: 50 }, words);
+      await startGame(tab);
+      await endGame(tab);
+    };
+    await page.evaluateOnNewDocument(() => {
+      IDBFactory.prototype.open = () => { throw new DOMException('forbidden here', 'SecurityError'); };
+    });
+    await played(page, 'forbidden here. The game plays on');
+    await page.goto('about:blank');
+    const full = await openPage(context, complaints);
+    await full.evaluateOnNewDocument(() => {
+      IDBObjectStore.prototype.put = () => { throw new DOMException('the disk is full', 'QuotaExceededError'); };
+      IDBObjectStore.prototype.add = IDBObjectStore.prototype.put;
+    });
+    await played(full, 'the disk is full. The game plays on');
+    await full.close();
+  },
+
   async 'what is kept goes out and comes back as one file'({ page, url }) {
     await atTitle(page, url);
     await page.evaluate(() => tarnveil.keepFile('Scores.DAT', new Uint8Array(new Int32Array([1, 2, 3, 4]).buffer)));
@@ -310,6 +334,43 @@ const checks = {
     await Promise.all([page.waitForNavigation(), read(saved)]);
     await started(page);
     await until('read back', async () => { const bytes = scoresOf(await kept(page, 'files').catch(() => [])); return bytes && scoreOf(bytes, 0) === 1; });
+  },
+
+  async 'a new version is taken when the game next starts, not before'({ context, complaints }) {
+    const folder = mkdtempSync(join(tmpdir(), 'tarnveil-site-'));
+    cpSync(site, folder, { recursive: true });
+    const own = await serve(folder);
+    const change = (name, from, to) => {
+      writeFileSync(join(folder, name), readFileSync(join(folder, name), 'utf8').replace(from, to));
+      for (const coding of ['br', 'gz']) rmSync(join(folder, `${name}.${coding}`));
+    };
+    const isNext = (tab) => tab.evaluate(() => document.documentElement.dataset.version === 'next');
+    const page = await openPage(context, complaints);
+    await atTitle(page, own.url);
+    await page.evaluate(() => navigator.serviceWorker.ready.then(() => undefined));
+    await page.reload(); // the first visit was before the worker
+    await started(page);
+    change('index.html', '<html', '<html data-version="next"');
+    change('sw.js', 'const version = `', 'const version = `next ');
+    await page.evaluate(async () => {
+      const registration = await navigator.serviceWorker.getRegistration();
+      await registration.update();
+      const fresh = registration.installing ?? registration.waiting;
+      while (fresh.state === 'installing') await new Promise((done) => fresh.addEventListener('statechange', done, { once: true }));
+    });
+    await page.reload();
+    await started(page);
+    assert.ok(!await isNext(page), 'while a page is open there is one version');
+    await page.close();
+    await until('the new version', async () => {
+      const later = await openPage(context, complaints);
+      await atTitle(later, own.url);
+      const taken = await isNext(later) && (await later.evaluate(() => caches.keys())).length === 1;
+      await later.close();
+      return taken;
+    });
+    await own.stop();
+    rmSync(folder, { recursive: true });
   },
 
   async 'it plays without a network after the first visit'({ page, url, server }) {
