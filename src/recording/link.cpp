@@ -191,7 +191,9 @@ std::string Unpack(const Bytes& packed, Recording& recording) {
     if (!error.empty()) return error;
     const auto packedEvents = std::span(packed).subspan(text.size() + 1);
     const std::optional<std::string> events = Unpacker(packedEvents, HeldAtStart(head)).Lines();
-    if (!events || head.endFrames > kMostLinkFrames || !head.events.empty() || !head.frames.empty()) return kDamaged;
+    if (!events || head.endFrames > kMostLinkFrames || !head.events.empty() || !head.checks.empty() ||
+        !head.frames.empty())
+        return kDamaged;
     return ParseRecording(text.insert(text.rfind("end "), *events), recording);
 }
 
