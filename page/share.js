@@ -1,5 +1,5 @@
 // Games as links: the list of the last ones, and the card that a link opens.
-import { assets } from './assets.js';
+import { assets, levels, plays } from './assets.js';
 import * as kept from './kept.js';
 import { notice } from './notices.js';
 
@@ -8,10 +8,6 @@ import { notice } from './notices.js';
 
 const secondsPerFrame = 0.039;
 const longestTrial = 30000; // ms; a game of an hour takes some five seconds
-/** @type {Record<number, string>} */
-const levels = { 1: 'Easy', 2: 'Nomal', 5: 'Hard' };
-/** @type {Record<number, string>} */
-const plays = { 0: 'Whole game', 2: 'Stage 2', 3: 'Stage 3', 4: 'Score attack' };
 
 /** @param {string} id */
 const element = (id) => /** @type {HTMLElement} */ (document.getElementById(id));

@@ -5,7 +5,8 @@
 import { execFileSync } from 'node:child_process';
 import { createHash } from 'node:crypto';
 import { existsSync, mkdirSync, readdirSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
-import { join } from 'node:path';
+import { join, resolve } from 'node:path';
+import { pathToFileURL } from 'node:url';
 import { brotliCompressSync, constants, gzipSync } from 'node:zlib';
 import { midiSeconds } from './midi_seconds.mjs';
 
@@ -55,13 +56,18 @@ function addModule(called) {
   return name;
 }
 
+const { default: startJudge } = await import(pathToFileURL(resolve(build, 'judge.mjs')));
+const called = (await startJudge({ wasmBinary: readFileSync(join(build, 'judge.wasm')) })).names();
+
 function assetsModule() {
   const lengths = Object.fromEntries(pieces.map((piece) => [piece, midiSeconds(readFileSync(join(data, piece)))]));
-  return `// Made by the build: the files' names, and the pieces' lengths in seconds.
+  return `// Made by the build: the files' names, the pieces' lengths in seconds, what the game calls its levels and plays.
 const here = new URL('.', import.meta.url);
 const names = ${JSON.stringify(names)};
 export const assets = Object.fromEntries(Object.entries(names).map(([called, name]) => [called, new URL(name, here).href]));
 export const pieces = ${JSON.stringify(lengths)};
+export const levels = ${JSON.stringify(called.levels)};
+export const plays = ${JSON.stringify(called.plays)};
 `;
 }
 

@@ -10,7 +10,9 @@
 #include "recording/recording.h"
 #include "shell/game_loop.h"
 #include "shell/main_routine.h"
+#include "stage/plays.h"
 #include "state/main_form.h"
+#include "state/options.h"
 #include "toolkit/folder.h"
 
 namespace {
@@ -99,6 +101,18 @@ val Judge(const std::string& text) {
     return told;
 }
 
+// What the page calls difficulties and plays, by their numbers: {levels, plays}.
+val Names() {
+    val levels = val::object(), plays = val::object();
+    for (const Difficulty& row : kDifficulties) levels.set(row.level, (MainForm.*row.item).Caption);
+    for (const Play& row : kPlays)
+        plays.set(row.number, row.number == kNormalPlay ? "Whole game" : (MainForm.*row.item).Caption);
+    val names = val::object();
+    names.set("levels", levels);
+    names.set("plays", plays);
+    return names;
+}
+
 // The link's word for a recording's text; empty when it is too long or no recording.
 std::string LinkOfText(const std::string& text) {
     Recording recording;
@@ -115,4 +129,5 @@ EMSCRIPTEN_BINDINGS(judge) {
     emscripten::function("describe", &Describe);
     emscripten::function("judge", &Judge);
     emscripten::function("linkOf", &LinkOfText);
+    emscripten::function("names", &Names);
 }
