@@ -97,21 +97,6 @@ std::string RemoveFile(const std::string& path) {
     return reason;
 }
 
-// A page that dies takes its journal along.
-std::string BeginJournal(const std::string&) {
-    return {};
-}
-
-std::string AddToJournal(std::string_view) {
-    return {};
-}
-
-void EndJournal() {}
-
-FileBytes ReadDeadJournal(const std::string&) {
-    return {FileError::missing, {}, std::strerror(ENOENT)};
-}
-
 // Each file is kept by itself: no set is ever half written.
 std::string CompleteFileSet(const std::string&) {
     return {};

@@ -108,17 +108,6 @@ requires is_floating_point_v<T> from_chars_result from_chars(const char* first, 
 }  // namespace std
 #endif
 
-#if _LIBCPP_VERSION < 160000
-#include <memory>
-
-namespace std {
-template <typename T>
-requires is_unbounded_array_v<T> unique_ptr<T> make_unique_for_overwrite(size_t size) {
-    return unique_ptr<T>(new remove_extent_t<T>[size]);
-}
-}  // namespace std
-#endif
-
 #if _LIBCPP_VERSION < 150000
 #include <algorithm>
 #include <functional>
@@ -153,32 +142,9 @@ template <typename Range, typename Value>
 constexpr void fill(Range&& range, const Value& value) {
     std::fill(std::begin(range), std::end(range), value);
 }
-template <typename Range, typename Value>
-constexpr void replace(Range&& range, const Value& old, const Value& fresh) {
-    std::replace(std::begin(range), std::end(range), old, fresh);
-}
-template <typename Range, typename Out>
-constexpr void copy(Range&& range, Out out) {
-    std::copy(std::begin(range), std::end(range), out);
-}
-template <typename Range, typename Out, typename Predicate>
-constexpr void copy_if(Range&& range, Out out, Predicate predicate) {
-    std::copy_if(std::begin(range), std::end(range), out, predicate);
-}
-template <typename Range>
-constexpr auto max(Range&& range) {
-    return *std::max_element(std::begin(range), std::end(range));
-}
-template <typename Range, typename Predicate, typename Projection = identity>
-void stable_partition(Range&& range, Predicate predicate, Projection projection = {}) {
-    std::stable_partition(std::begin(range), std::end(range),
-                          [&](const auto& each) { return invoke(predicate, invoke(projection, each)); });
-}
-template <typename Range, typename Order = std::less<>, typename Projection = identity>
-constexpr void sort(Range&& range, Order order = {}, Projection projection = {}) {
-    std::sort(std::begin(range), std::end(range), [&](const auto& a, const auto& b) {
-        return invoke(order, invoke(projection, a), invoke(projection, b));
-    });
+template <typename Range, typename Order = std::less<>>
+constexpr void sort(Range&& range, Order order = {}) {
+    std::sort(std::begin(range), std::end(range), order);
 }
 }  // namespace std::ranges
 #endif
