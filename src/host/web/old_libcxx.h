@@ -23,6 +23,7 @@ requires(sizeof(To) == sizeof(From) && is_trivially_copyable_v<To> && is_trivial
 
 #if _LIBCPP_VERSION < 150000
 #include <algorithm>
+#include <functional>
 #include <iterator>
 
 namespace std::ranges {
@@ -36,9 +37,20 @@ Out copy_if(Range&& range, Out out, Wanted wanted) {
     return std::copy_if(std::begin(range), std::end(range), out, wanted);
 }
 
+template <typename Range, typename Value, typename Projection = identity>
+auto count(Range&& range, const Value& value, Projection projection = {}) {
+    return std::count_if(std::begin(range), std::end(range),
+                         [&](const auto& each) { return invoke(projection, each) == value; });
+}
+
+template <typename Range>
+auto max_element(Range&& range) {
+    return std::max_element(std::begin(range), std::end(range));
+}
+
 template <typename Range>
 auto max(Range&& range) {
-    return *std::max_element(std::begin(range), std::end(range));
+    return *ranges::max_element(range);
 }
 }  // namespace std::ranges
 #endif
