@@ -7,7 +7,7 @@ install(DIRECTORY assets/data/ DESTINATION ${share}/tarnveil/data COMPONENT data
 install(FILES docs/AUTHORING.md DESTINATION ${CMAKE_INSTALL_DOCDIR}-tools COMPONENT tools)
 install(DIRECTORY docs/schema DESTINATION ${CMAKE_INSTALL_DOCDIR}-tools COMPONENT tools)
 if(TARGET tarnveil)
-  install(FILES README.md CHANGELOG.md CREDITS.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT game)
+  install(FILES README.md README.ja.md CHANGELOG.md CREDITS.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT game)
   install(FILES packaging/tarnveil.desktop DESTINATION ${share}/applications COMPONENT game)
   install(FILES packaging/tarnveil.metainfo.xml DESTINATION ${share}/metainfo COMPONENT game
           RENAME net.tarnveil.Tarnveil.metainfo.xml)
