@@ -32,13 +32,16 @@ install_missing() {
     done
     [ -z "$missing" ] && return 0
     echo "Installing:$missing"
-    local as_root=""
+    local as_root="" proxy=()
     if [ "$(id -u)" != 0 ]; then
         command -v sudo >/dev/null || { echo "Please install these packages as root:$missing" >&2; return 1; }
         as_root="sudo"
     fi
+    # sudo drops the variables that name a proxy.
+    [ -z "${http_proxy:-}" ] || proxy=(-o "Acquire::http::Proxy=$http_proxy")
+    [ -z "${https_proxy:-}" ] || proxy+=(-o "Acquire::https::Proxy=$https_proxy")
     # shellcheck disable=SC2086
-    $as_root apt-get update -qq &&
-        $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null ||
+    $as_root apt-get "${proxy[@]}" update -qq &&
+        $as_root env DEBIAN_FRONTEND=noninteractive apt-get "${proxy[@]}" install -y -qq --no-install-recommends $missing >/dev/null ||
         { echo "These packages could not be installed (is there a network?):$missing" >&2; return 1; }
 }
