@@ -4,6 +4,7 @@
 configure() {
     local folder=$1 fresh="" home
     shift
+    mkdir -p "$folder" 2>/dev/null && [ -w "$folder" ] || { echo "$PWD/$folder cannot be written" >&2; return 1; }
     home=$(sed -n 's/^CMAKE_HOME_DIRECTORY:INTERNAL=//p' "$folder/CMakeCache.txt" 2>/dev/null || true)
     [ -z "$home" ] || [ "$home" -ef . ] || fresh=--fresh
     cmake $fresh "$@" >/dev/null
