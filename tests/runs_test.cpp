@@ -25,7 +25,7 @@ TEST_F(RunsTest, EveryGameOfASessionBecomesARunThatVerifiesByItself) {
         EXPECT_FALSE(run.recording.program.empty());
         EXPECT_EQ(Outcome::left, run.recording.result.how);
         EXPECT_EQ(2u, run.recording.checks.size());
-        EXPECT_EQ(96u * 64, run.picture.pixels.size());
+        EXPECT_EQ(60u * 40, run.picture.pixels.size());
         EXPECT_LT(std::filesystem::file_size(kept.path), 40000u);
         EXPECT_EQ("", Verified(run.recording)) << kept.path << ": what the games before it left belongs to it";
     }
@@ -173,17 +173,17 @@ TEST_F(RunsTest, EachKindOfForgeryIsToldApart) {
 }
 
 // Forgeries that are made at random: events taken out, moved, pressed otherwise, taken from another game; figures
-// raised. Whatever changes nothing in the game is no forgery.
+// raised. All are games of a pilot that answers what it sees: one that does not presses the same keys in every game.
 TEST_F(RunsTest, NoForgeryAtRandomIsAccepted) {
     std::mt19937 random(3);
     const int games = GamesToTry(40);
     Recording good, other;
     int accepted = 0;
     for (int i = 0; i < games; ++i) {
-        if (i % 20 == 0) good = Kept(random()), other = Kept(random());
+        if (random() % 16 == 0 || i == 0) good = Kept(random() / 4 * 4), other = Kept(random() / 4 * 4);
         Recording forged = good;
         auto& event = forged.events[random() % forged.events.size()];
-        const auto cut = static_cast<std::ptrdiff_t>(1 + random() % (good.events.size() - 1));
+        const auto cut = static_cast<std::ptrdiff_t>(1 + random() % (good.events.size() / 2));
         switch (i % 5) {
             case 0:
                 forged.endScore += static_cast<int>(1 + random() % 5000);

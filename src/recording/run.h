@@ -19,10 +19,10 @@ inline constexpr const char* kRunEnding = ".tarnveil-run";
 inline constexpr std::size_t kMostRunBytes = 1u << 20;  // of a file
 inline constexpr std::size_t kMostRunText = 8u << 20;   // of its text
 
-// The last moment: the game screen at a fifth of its size, 5-6-5 bits of red, green and blue each.
+// The last moment: the game screen at an eighth of its size, 5-6-5 bits of red, green and blue each.
 struct RunPicture {
-    static constexpr int kWidth = 64;
-    static constexpr int kHeight = 96;
+    static constexpr int kWidth = 40;
+    static constexpr int kHeight = 60;
     std::vector<std::uint16_t> pixels;  // rows from the top; empty: no picture
 
     bool operator==(const RunPicture&) const = default;

@@ -15,6 +15,7 @@ namespace runs_window {
 namespace {
 
 constexpr int kShipSize = 64;
+constexpr std::size_t kStart = 26;  // frames until the windows have found their places
 
 // The ship's sheet has the pictures on the left and their masks, white where nothing is, on the right.
 QImage GhostShip() {
@@ -49,6 +50,7 @@ Race::Race(desktop::Host& host, const Recording& ghost)
     ChooseRow(kPlays, &Play::number, ghost.play);
     FixSeed(ghost.seed);
     gameAsked = true;
+    host_.window->Pausing().SetWhenLeft(false);  // the list goes, and with it the keyboard for a moment
     host_.window->activateWindow();
     host_.window->View().setFocus();
 }
@@ -56,6 +58,7 @@ Race::Race(desktop::Host& host, const Recording& ghost)
 Race::~Race() {
     host_.window->View().Remove(*this);
     delete words_;
+    host_.window->Pausing().SetWhenLeft(host_.pauseWhenLeft);
     if (seedBefore_) FixSeed(*seedBefore_);
     if (!seedBefore_) UseClockSeed();
 }
@@ -68,6 +71,7 @@ bool Race::IsOver(bool title) {
 
 void Race::Tell() {
     const auto frame = static_cast<std::size_t>(FramesRecorded());
+    if (frame == kStart) host_.window->Pausing().SetWhenLeft(host_.pauseWhenLeft);
     if (frame == 0 || frame > track_.frames.size()) return;
     const Long ahead = game.Score - track_.frames[frame - 1].score;
     words_->setText(QString("Against the ghost: %1%2").arg(ahead > 0 ? "+" : "").arg(ahead));

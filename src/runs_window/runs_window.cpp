@@ -25,7 +25,7 @@ namespace runs_window {
 namespace {
 
 constexpr QSize kSize(1120, 620);
-constexpr QSize kThumbnail(RunPicture::kWidth / 2, RunPicture::kHeight / 2);
+constexpr QSize kThumbnail(RunPicture::kWidth, RunPicture::kHeight);
 
 enum Column { date, name, play, level, score, end, weapon, length, remark, columns };
 
@@ -45,7 +45,7 @@ QPixmap PixmapOf(const RunPicture& picture) {
     if (picture.pixels.empty()) return {};
     const QImage image(reinterpret_cast<const uchar*>(picture.pixels.data()), RunPicture::kWidth, RunPicture::kHeight,
                        RunPicture::kWidth * 2, QImage::Format_RGB16);
-    return QPixmap::fromImage(image.scaled(kThumbnail, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    return QPixmap::fromImage(image.copy());
 }
 
 QString PlayTitle(int number) {
