@@ -148,6 +148,18 @@ void Bench::TableLoaded(int table) {
     Copy(game.StageData, seen_);
 }
 
+void Bench::Adopt(int table) {
+    loaded_ = table;
+    const auto isEmpty = [](const auto& records) {
+        return std::ranges::all_of(records, [](const auto& r) { return r == std::decay_t<decltype(r)>{}; });
+    };
+    if (isEmpty(game.EnemyData)) Copy(working_.EnemyData, game.EnemyData);
+    if (std::ranges::all_of(game.EneMove, isEmpty)) {
+        for (int p = 0; p < kMovePatterns; ++p) Copy(working_.EneMove[p], game.EneMove[p]);
+    }
+    if (table >= 0) Copy(working_.Stages[table], seen_);
+}
+
 // An editor window may have read the file of another appearance table over the one in memory.
 void Bench::FindTableInGame() {
     for (int t = 0; t < kStageTables; ++t) {

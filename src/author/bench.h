@@ -45,6 +45,10 @@ class Bench {
     void TableLoaded(int table);
     int Loaded() const { return loaded_; }
 
+    // The same for a game that has read that table before the bench was there (-1: none has): what is in memory stays,
+    // and what differs from the files becomes an action at the next Observe.
+    void Adopt(int table);
+
     // The tables' files whose content is not that of the bench, by name.
     std::vector<std::string> Unsaved() const;
 

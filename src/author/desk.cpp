@@ -50,10 +50,11 @@ Desk::Desk() {
     AddButtons();
 }
 
-std::string Desk::Open() {
+std::string Desk::Open(int table) {
     std::string problem = bench_.Open();
     if (!problem.empty()) return problem;
-    bench_.TableLoaded(-1);
+    bench_.Adopt(table);
+    bench_.Observe();
     LeftOver left = ReadJournal(bench_.Working());
     left_ = std::move(left.changes);
     message_ = left.problem;

@@ -50,8 +50,9 @@ class Desk {
   public:
     Desk();
 
-    // Reads the tables, and what was left unsaved last time. Empty, or why there is no bench.
-    std::string Open();
+    // Reads the tables, and what was left unsaved last time. `table` is that of the last game, -1: there was none.
+    // Empty, or why there is no bench.
+    std::string Open(int table = -1);
 
     // To be called every now and then: takes over what the editor windows have stored.
     void Observe();

@@ -5,29 +5,18 @@
 #include "author/desk.h"
 #include "author/names.h"
 #include "author/new_path.h"
+#include "editors/tips.h"
 #include "state/options.h"
 #include "toolkit/numbers.h"
 
 namespace {
 
-constexpr const char* kEntryTips[] = {
-    "left edge in pixels of the field, 0 to 320; 700: a random place; repeat: the entry to go back to",
-    "top edge in pixels, 0 to 480, above the field below 0; repeat: how many times more",
-    "kind of enemy, 0 to 49, or a command: clear, next_stage, boss_wait, boss_wait_stop, boss_entry, pass, restart, "
-    "repeat",
-    "frames since the entry before it was taken, 0 to 32767; 25.6 frames are a second",
-    "hit points, 0 to 255; repeat: the count for the next round"};
-constexpr const char* kKindTips[] = {"left edge of the first frame on the sheet, pixels",
-                                     "top edge of the frames on the sheet, pixels; the masks lie Height below",
-                                     "of the sprite, pixels; also from frame to frame",
-                                     "of the sprite, pixels",
-                                     "explosion: 0 of 32 pixels, 1 of 64, 2 of 128; others: none",
-                                     "movement pattern, 0 to 49",
-                                     "points, 0 to 255"};
-constexpr const char* kStepTips[] = {
-    "pixels to the right in this frame; jump and repeat: the step to go to",
-    "pixels down in this frame; repeat: how many times", "animation frame that a move shows, 0 to 255",
-    "what the step does: move (0), 1 to 11 fires that code, jump (253), repeat (254), end (255)"};
+// In the order of FieldsOf.
+constexpr const char* kEntryTips[] = {tips::kEntryX, tips::kEntryY, tips::kEntryNo, tips::kEntryCounter,
+                                      tips::kEntryPower};
+constexpr const char* kKindTips[] = {tips::kKindSX,      tips::kKindSY,     tips::kKindWidth, tips::kKindHeight,
+                                     tips::kKindBomType, tips::kKindMoveNo, tips::kKindScore};
+constexpr const char* kStepTips[] = {tips::kStepDX, tips::kStepDY, tips::kStepAnime, tips::kStepFlag};
 
 template <typename Number>
 std::string Wanted(const std::string& name) {

@@ -6,10 +6,11 @@
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QVBoxLayout>
-#include <algorithm>
+#include <memory>
 #include <utility>
 
-#include "host/files.h"
+#include "author/journal.h"
+#include "host/window.h"
 #include "stage/plays.h"
 
 namespace bench_window {
@@ -34,18 +35,32 @@ QLabel* Line(QWidget* parent) {
 
 BenchWindow::BenchWindow(desktop::Host& host) : QWidget(nullptr, Qt::Window), host_(host) {
     setWindowTitle(kTitle);
-    const std::string problem = desk_.Open();
-    if (!problem.empty()) {
-        LogLine("the bench stays closed: " + problem);
-        return;
-    }
-    Build();
     AddKeys(host);
-    WatchTryOuts({[this](int table) { desk_.TableLoaded(table); }, [this] { Come(); }});
+    WatchTryOuts({[this](int table) { TableLoaded(table); }, [this] { Come(); }});
     pulse_.setInterval(kPulse);
     connect(&pulse_, &QTimer::timeout, this, [this] { Pulse(); });
+    const auto files = std::make_unique<Bench>();
+    const bool unsaved = files->Open().empty() && !ReadJournal(files->Working()).changes.empty();
+    if (unsaved) QTimer::singleShot(0, this, [this] { Come(); });
+}
+
+// False when the tables cannot be read.
+bool BenchWindow::Wake() {
+    if (awake_) return true;
+    const std::string problem = desk_.Open(played_);
+    if (!problem.empty()) {
+        MsgBox("The bench stays closed: " + problem, kTitle);
+        return false;
+    }
+    awake_ = true;
+    Build();
     pulse_.start();
-    Refresh();
+    return true;
+}
+
+void BenchWindow::TableLoaded(int table) {
+    played_ = table;
+    if (awake_) desk_.TableLoaded(table);
 }
 
 QPushButton* BenchWindow::Button(const QString& caption, const QString& tip, std::function<void()> press) {
@@ -257,7 +272,7 @@ void BenchWindow::AddKeys(desktop::Host& host) {
 
 void BenchWindow::PressNamed(const char* caption) {
     for (const DeskButton& button : desk_.Buttons()) {
-        if (button.caption == caption) desk_.Press(button);
+        if (awake_ && button.caption == caption) desk_.Press(button);
     }
     Refresh();
 }
@@ -273,6 +288,7 @@ void BenchWindow::PlayLastAgain() {
 }
 
 void BenchWindow::PlayFromHere() {
+    if (!Wake()) return;
     StartTryOut(desk_.Start());
     host_.frameHold.SetStanding(false);
     host_.window->activateWindow();
@@ -286,6 +302,7 @@ void BenchWindow::ComeOrGo() {
 }
 
 void BenchWindow::Come() {
+    if (!Wake()) return;
     show();
     raise();
     activateWindow();

@@ -26,8 +26,9 @@ namespace bench_window {
 
 class BenchWindow final : public QWidget {
   public:
-    // Opens the desk on the program's folder, watches the games that come, and gives the host its keys. Before Main,
-    // after everything else that watches games. Where the tables cannot be read it says so instead.
+    // Watches the games that come and gives the host its keys. Before Main, after everything else that watches games.
+    // It wakes, reads the tables and has a say in what games play, when it is called for the first time, or when there
+    // is unsaved work of last time to offer.
     explicit BenchWindow(desktop::Host& host);
 
     Desk& TheDesk() { return desk_; }
@@ -39,6 +40,8 @@ class BenchWindow final : public QWidget {
     void ComeOrGo();
 
   private:
+    bool Wake();
+    void TableLoaded(int table);
     void Build();
     QWidget* LeftSide();
     QWidget* FieldTab();
@@ -64,6 +67,8 @@ class BenchWindow final : public QWidget {
 
     desktop::Host& host_;
     Desk desk_;
+    bool awake_ = false;
+    int played_ = -1;  // the table of the last game
     QTimer pulse_;
     int pulses_ = 0;
     int shown_ = -1;  // the changes of the tables that are shown

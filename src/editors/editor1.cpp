@@ -2,6 +2,7 @@
 
 #include "editors/controls.h"
 #include "editors/fields.h"
+#include "editors/tips.h"
 #include "stage/data_files.h"
 #include "state/state.h"
 
@@ -10,9 +11,11 @@ namespace editor1 {
 namespace {
 
 constexpr Field<StageDataType> kFields[] = {
-    {"Text1", "Label3", &StageDataType::X},     {"Text2", "Label4", &StageDataType::Y},
-    {"Text3", "Label5", &StageDataType::No},    {"Text4", "Label6", &StageDataType::Counter},
-    {"Text5", "Label7", &StageDataType::Power},
+    {"Text1", "Label3", &StageDataType::X, tips::kEntryX},
+    {"Text2", "Label4", &StageDataType::Y, tips::kEntryY},
+    {"Text3", "Label5", &StageDataType::No, tips::kEntryNo},
+    {"Text4", "Label6", &StageDataType::Counter, tips::kEntryCounter},
+    {"Text5", "Label7", &StageDataType::Power, tips::kEntryPower},
 };
 
 // clang-format off
@@ -50,11 +53,19 @@ void ShowEntry() {
     ShowFields(Editor1, kFields, EntryShown());
 }
 
+// False when a field was refused.
+bool Store() {
+    const auto entry = ReadFields(Editor1, kFields);
+    if (entry) EntryShown() = *entry;
+    return entry.has_value();
+}
+
 }  // namespace
 
 void Form_Load() {
     Editor1.Centred = true;
     Editor1["HScroll1"].Value = openAt;
+    SetTips(Editor1, kFields);
     ShowEntry();
 }
 
@@ -63,7 +74,11 @@ void HScroll1_Change() {
 }
 
 void Command3_Click() {
-    if (const auto entry = ReadFields(Editor1, kFields)) EntryShown() = *entry;
+    static_cast<void>(Store());
+}
+
+void Form_Enter() {
+    if (Store()) GoOn(Editor1, kFields, "HScroll1");
 }
 
 void Command1_Click() {
@@ -84,4 +99,5 @@ Form Editor1{
     .ClientHeight = 219,
     .Load = editor1::Form_Load,
     .Design = editor1::Design,
+    .Enter = editor1::Form_Enter,
 };

@@ -13,6 +13,7 @@ inline int openAt = 0;  // the entry that an opening shows
 
 void Form_Load();
 void HScroll1_Change();  // drops what was typed and not stored
+void Form_Enter();       // as 変更, then to the next field
 void Command3_Click();   // 変更: stores the entry shown; the fields keep what was typed
 void Command1_Click();   // 読み込み
 void Command2_Click();   // 保存

@@ -2,6 +2,7 @@
 
 #include "editors/controls.h"
 #include "editors/fields.h"
+#include "editors/tips.h"
 #include "stage/data_files.h"
 #include "state/state.h"
 
@@ -11,11 +12,13 @@ namespace {
 
 // The captions "Height" and "Width" stand beside each other's field. Authors are used to it; keep it.
 constexpr Field<EnemyDataType> kFields[] = {
-    {"Text1(0)", "Label1", &EnemyDataType::SX},      {"Text1(1)", "Label2", &EnemyDataType::SY},
-    {"Text1(2)", "Label3", &EnemyDataType::Width},   // "Height"
-    {"Text1(3)", "Label4", &EnemyDataType::Height},  // "Width"
-    {"Text1(4)", "Label5", &EnemyDataType::BomType}, {"Text1(5)", "Label6", &EnemyDataType::Score},
-    {"Text1(6)", "Label9", &EnemyDataType::MoveNo},
+    {"Text1(0)", "Label1", &EnemyDataType::SX, tips::kKindSX},
+    {"Text1(1)", "Label2", &EnemyDataType::SY, tips::kKindSY},
+    {"Text1(2)", "Label3", &EnemyDataType::Width, tips::kKindWidth},    // "Height"
+    {"Text1(3)", "Label4", &EnemyDataType::Height, tips::kKindHeight},  // "Width"
+    {"Text1(4)", "Label5", &EnemyDataType::BomType, tips::kKindBomType},
+    {"Text1(5)", "Label6", &EnemyDataType::Score, tips::kKindScore},
+    {"Text1(6)", "Label9", &EnemyDataType::MoveNo, tips::kKindMoveNo},
 };
 
 // clang-format off
@@ -66,16 +69,18 @@ void LoadData() {
     ShowKindNumber();
 }
 
-void UpLoad() {
+bool UpLoad() {
     const auto kind = ReadFields(EnemyDataEdit, kFields);
-    if (!kind) return;
+    if (!kind) return false;
     KindShown() = *kind;
     ShowKindNumber();
+    return true;
 }
 
 void Form_Load() {
     EnemyDataEdit.Centred = true;
     EnemyDataEdit["HScroll1"].Value = openAt;
+    SetTips(EnemyDataEdit, kFields);
     ReadFile();
     LoadData();
 }
@@ -85,7 +90,11 @@ void HScroll1_Change() {
 }
 
 void Command1_Click() {
-    UpLoad();
+    static_cast<void>(UpLoad());
+}
+
+void Form_Enter() {
+    if (UpLoad()) GoOn(EnemyDataEdit, kFields, "HScroll1");
 }
 
 void Command2_Click() {
@@ -107,4 +116,5 @@ Form EnemyDataEdit{
     .ClientHeight = 229,
     .Load = enemy_data_edit::Form_Load,
     .Design = enemy_data_edit::Design,
+    .Enter = enemy_data_edit::Form_Enter,
 };

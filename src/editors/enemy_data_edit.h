@@ -11,12 +11,13 @@ namespace enemy_data_edit {
 inline int openAt = 0;  // the kind that an opening shows
 
 void LoadData();  // shows the kind at the scroll bar's value
-void UpLoad();    // stores the fields into that kind, all of them or, when one is refused, none
+bool UpLoad();    // stores the fields into that kind, all of them or, when one is refused, none: false
 
 // All but 変更 end with LoadData and so drop what was typed and not stored.
 void Form_Load();
 void HScroll1_Change();
 void Command1_Click();  // 変更
+void Form_Enter();      // as 変更, then to the next field
 void Command2_Click();  // 読み込み
 void Command3_Click();  // 保存
 

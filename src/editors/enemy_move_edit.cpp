@@ -5,6 +5,7 @@
 
 #include "editors/controls.h"
 #include "editors/fields.h"
+#include "editors/tips.h"
 #include "stage/data_files.h"
 
 namespace enemy_move_edit {
@@ -12,10 +13,10 @@ namespace enemy_move_edit {
 namespace {
 
 constexpr Field<EneMoveType> kFields[] = {
-    {"Text1", "Label5", &EneMoveType::DX},
-    {"Text2", "Label6", &EneMoveType::DY},
-    {"Text3", "Label7", &EneMoveType::Anime},
-    {"Text4", "Label8", &EneMoveType::Flag},
+    {"Text1", "Label5", &EneMoveType::DX, tips::kStepDX},
+    {"Text2", "Label6", &EneMoveType::DY, tips::kStepDY},
+    {"Text3", "Label7", &EneMoveType::Anime, tips::kStepAnime},
+    {"Text4", "Label8", &EneMoveType::Flag, tips::kStepFlag},
 };
 
 // clang-format off
@@ -147,8 +148,13 @@ void Form_Load() {
     EnemyMoveEdit.Centred = true;
     EnemyMoveEdit["VScroll1"].Value = openAtPattern;
     EnemyMoveEdit["HScroll1"].Value = openAtStep;
+    SetTips(EnemyMoveEdit, kFields);
     ReadFile();
     Load();
+}
+
+void Form_Enter() {
+    if (UpLoad()) GoOn(EnemyMoveEdit, kFields, "HScroll1");
 }
 
 void VScroll1_Change() {
@@ -176,4 +182,5 @@ Form EnemyMoveEdit{
     .ClientHeight = 262,
     .Load = enemy_move_edit::Form_Load,
     .Design = enemy_move_edit::Design,
+    .Enter = enemy_move_edit::Form_Enter,
 };

@@ -27,6 +27,7 @@ void Load();
 bool UpLoad();
 
 void Form_Load();
+void Form_Enter();  // stores the fields and goes to the next one
 void VScroll1_Change();
 void HScroll1_Change();
 void Command4_Click();  // 読み込み

@@ -17,6 +17,7 @@ struct Field {
     const char* Text;
     const char* Label;
     std::variant<Single Record::*, Integer Record::*, Byte Record::*> Member;
+    const char* Tip;
 };
 
 // Tells the author which field is refused and what it wants ("a number from 0 to 255"), and gives it the keyboard.
@@ -49,4 +50,20 @@ std::optional<Record> ReadFields(Form& form, const Field<Record> (&fields)[Count
         if (!std::visit([&](auto member) { return read(field, member); }, field.Member)) return std::nullopt;
     }
     return record;
+}
+
+template <typename Record, std::size_t Count>
+void SetTips(Form& form, const Field<Record> (&fields)[Count]) {
+    for (const auto& field : fields) form[field.Text].Tip = field.Tip;
+}
+
+// Enter has stored the fields: the keyboard goes to the next one, and from the last one to the first of the next
+// record.
+template <typename Record, std::size_t Count>
+void GoOn(Form& form, const Field<Record> (&fields)[Count], std::string_view bar) {
+    std::size_t at = 0;
+    while (at < Count && form.Focus != fields[at].Text) ++at;
+    if (at == Count) return;
+    if (at + 1 == Count) SetScrollValue(form, bar, form[bar].Value + 1);
+    form.Focus = fields[(at + 1) % Count].Text;
 }

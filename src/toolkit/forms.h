@@ -58,6 +58,7 @@ struct Control {
     int Value = 0;
     int SmallChange = 1;
     int LargeChange = 1;
+    std::string Tip{};        // what a text field takes; shown when the mouse rests on it
     Handler Event = nullptr;  // Click of a button, Change of a scroll bar
 };
 
@@ -68,6 +69,7 @@ struct Form {
     int ClientHeight = 0;
     Handler Load = nullptr;                      // Form_Load: runs each time the form is opened, before it is shown
     std::vector<Control> (*Design)() = nullptr;  // the controls as designed; each opening starts from them
+    Handler Enter = nullptr;                     // Enter in a text field
     std::vector<Control> Controls{};
     std::string Focus{};   // control that has the keyboard; empty: the first in tab order
     bool Centred = false;  // Form_Load asked for the middle of the screen

@@ -3,11 +3,13 @@
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollBar>
+#include <map>
 
 #include "desktop_test.h"
 #include "editors/editor1.h"
 #include "editors/enemy_data_edit.h"
 #include "editors/enemy_move_edit.h"
+#include "host/desktop/form_widgets.h"
 #include "host/desktop/form_window.h"
 #include "stage/data_files.h"
 #include "state/state.h"
@@ -121,6 +123,50 @@ TEST_F(EditorOnScreenTest, TheMovementEditorCommitsOnEveryMoveAndPastesOnward) {
     game.EneMove[0][2] = {};
     ASSERT_EQ("", ReadEneMove());
     EXPECT_EQ(9, game.EneMove[0][2].DX) << "saved to the file";
+}
+
+// Enter stores and goes to the next field, from the last one to the next record; arrows and page keys move the bars.
+TEST_F(EditorOnScreenTest, EnterStoresAndGoesOnArrowsStepTheBars) {
+    const auto press = [](Qt::Key key) { QTest::keyClick(Window().focusWidget(), key); };
+    Use(MainForm.Menu201, {[&] { Type("Text4", "77"), press(Qt::Key_Return); },
+                           [] { EXPECT_EQ(QString("Text5"), Window().focusWidget()->objectName()); },
+                           [&] { Type("Text5", "9"), press(Qt::Key_Enter); },
+                           [] {
+                               EXPECT_EQ(1, The<QScrollBar>("HScroll1").value());
+                               EXPECT_EQ(QString("Text1"), Window().focusWidget()->objectName());
+                               EXPECT_TRUE(The<QLineEdit>("Text4").toolTip().contains("0 to 32767"));
+                           },
+                           [&] { press(Qt::Key_Down); }, [&] { press(Qt::Key_Down); }, [&] { press(Qt::Key_Up); },
+                           [] { EXPECT_EQ(2, The<QScrollBar>("HScroll1").value()); }});
+    EXPECT_EQ(77, game.StageData[0].Counter);
+    EXPECT_EQ(9, game.StageData[0].Power);
+    Use(MainForm.Menu203, {[&] { The<QLineEdit>("Text1").setFocus(), press(Qt::Key_PageDown); },
+                           [&] { Type("Text4", "5"), press(Qt::Key_Return); },
+                           [] {
+                               EXPECT_EQ(1, The<QScrollBar>("VScroll1").value());
+                               EXPECT_EQ(1, The<QScrollBar>("HScroll1").value());
+                           }});
+    EXPECT_EQ(5, game.EneMove[1][0].Flag);
+}
+
+// Tab comes to every control in the order of the design.
+TEST_F(EditorOnScreenTest, TabGoesThroughEveryWindowInItsOrder) {
+    for (auto [item, form] : {std::pair{&MainForm.Menu201, &Editor1}, {&MainForm.Menu202, &EnemyDataEdit}}) {
+        std::map<int, std::string> wanted;
+        std::vector<std::string> met;
+        Use(*item, {[&, form = form] {
+            for (const Control& control : form->Controls) {
+                if (desktop::TakesFocus(control.Kind)) wanted[control.TabIndex] = control.Name;
+            }
+            for (std::size_t i = 0; i < wanted.size(); ++i) {
+                met.push_back(Window().focusWidget()->objectName().toStdString());
+                QTest::keyClick(Window().focusWidget(), Qt::Key_Tab);
+            }
+        }});
+        std::vector<std::string> order;
+        for (const auto& [tab, name] : wanted) order.push_back(name);
+        EXPECT_EQ(order, met);
+    }
 }
 
 }  // namespace

@@ -171,6 +171,7 @@ QWidget* MakeWidget(const Control& control, QWidget* parent) {
     if (control.Kind == ControlKind::line) place.setHeight(std::max(place.height(), kLineWidth));
     widget->setGeometry(place);
     widget->setObjectName(QString::fromStdString(control.Name));
+    widget->setToolTip(QString::fromStdString(control.Tip));
     SyncWidget(*widget, control);
     return widget;
 }

@@ -4,6 +4,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollBar>
 #include <algorithm>
 
 #include "host/desktop/form_widgets.h"
@@ -85,6 +86,9 @@ void FormWindow::CarryOut(const Done& done) {
         case Act::scroll:
             Scroll(done);
             break;
+        case Act::enter:
+            if (form_.Enter) form_.Enter();
+            break;
         case Act::close:
             form_.Shown = false;
             break;
@@ -136,11 +140,29 @@ void FormWindow::closeEvent(QCloseEvent* event) {
     reject();
 }
 
+// What a text field leaves over: the arrows go through the records, the page keys through what lies above them.
+bool FormWindow::StepBar(int key) {
+    const bool back = key == Qt::Key_Up || key == Qt::Key_PageUp,
+               page = key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+    if (!back && key != Qt::Key_Down && key != Qt::Key_PageDown) return false;
+    QScrollBar* chosen = nullptr;
+    for (QScrollBar* bar : findChildren<QScrollBar*>()) {
+        if (!chosen || (bar->orientation() == Qt::Vertical) == page) chosen = bar;
+    }
+    if (chosen) chosen->triggerAction(back ? QScrollBar::SliderSingleStepSub : QScrollBar::SliderSingleStepAdd);
+    return chosen != nullptr;
+}
+
 void FormWindow::keyPressEvent(QKeyEvent* event) {
+    auto* field = qobject_cast<QLineEdit*>(focusWidget());
+    if (field && StepBar(event->key())) return;
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!enter) return QDialog::keyPressEvent(event);
-    auto* button = qobject_cast<QPushButton*>(focusWidget());
-    if (button && !event->isAutoRepeat()) button->click();
+    if (event->isAutoRepeat()) return;
+    if (auto* button = qobject_cast<QPushButton*>(focusWidget())) button->click();
+    if (!field) return;
+    queue_.push_back({Act::focus, field->objectName().toStdString()});
+    queue_.push_back({Act::enter});
 }
 
 // A message box takes the mouse's release; an arrow that was held would scroll on for ever.

@@ -30,7 +30,7 @@ class FormWindow final : public QDialog {
     bool event(QEvent* event) override;
 
   private:
-    enum class Act { focus, type, click, scroll, close };
+    enum class Act { focus, type, click, scroll, enter, close };
     struct Done {
         Act act;
         std::string name{};
@@ -40,6 +40,7 @@ class FormWindow final : public QDialog {
     void Build();
     void Connect(QWidget& widget, const Control& control);
     void ChainTabs();
+    bool StepBar(int key);
     void CarryOut(const Done& done);
     void Scroll(const Done& done);
     const Control* FocusedControl() const;
