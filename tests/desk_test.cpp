@@ -17,6 +17,7 @@
 #include "shell/game_loop.h"
 #include "shell/title_screen.h"
 #include "simulation.h"
+#include "stage/data_files.h"
 #include "stage/load_stage.h"
 #include "stage/stage_script.h"
 #include "test_game.h"
@@ -60,6 +61,7 @@ class DeskTest : public GameTest {
             for (auto& entry : table) entry.No = entry.No == kind ? Integer{0} : entry.No;
         }
         ASSERT_EQ("", WriteTables(ProgramFolder(), *files));
+        ASSERT_EQ("", ReadEnemyData()) << "nothing of the game's own is kept over the file";
         ASSERT_EQ("", desk.Open());
     }
 
