@@ -127,25 +127,27 @@ TEST_F(EditorOnScreenTest, TheMovementEditorCommitsOnEveryMoveAndPastesOnward) {
 
 // Enter stores and goes to the next field, from the last one to the next record; arrows and page keys move the bars.
 TEST_F(EditorOnScreenTest, EnterStoresAndGoesOnArrowsStepTheBars) {
-    const auto press = [](Qt::Key key) { QTest::keyClick(Window().focusWidget(), key); };
-    Use(MainForm.Menu201, {[&] { Type("Text4", "77"), press(Qt::Key_Return); },
-                           [] { EXPECT_EQ(QString("Text5"), Window().focusWidget()->objectName()); },
-                           [&] { Type("Text5", "9"), press(Qt::Key_Enter); },
-                           [] {
-                               EXPECT_EQ(1, The<QScrollBar>("HScroll1").value());
-                               EXPECT_EQ(QString("Text1"), Window().focusWidget()->objectName());
-                               EXPECT_TRUE(The<QLineEdit>("Text4").toolTip().contains("0 to 32767"));
-                           },
-                           [&] { press(Qt::Key_Down); }, [&] { press(Qt::Key_Down); }, [&] { press(Qt::Key_Up); },
-                           [] { EXPECT_EQ(2, The<QScrollBar>("HScroll1").value()); }});
+    const auto press = [](const char* field, Qt::Key key) {
+        The<QLineEdit>(field).setFocus();
+        QTest::keyClick(&The<QLineEdit>(field), key);
+    };
+    Use(MainForm.Menu201,
+        {[] { Type("Text4", "77"); }, [&] { press("Text4", Qt::Key_Return); },
+         [] { EXPECT_EQ("Text5", Editor1.Focus); }, [] { Type("Text5", "9"); }, [&] { press("Text5", Qt::Key_Enter); },
+         [] { EXPECT_EQ("Text1", Editor1.Focus); }, [&] { press("Text1", Qt::Key_Down); },
+         [&] { press("Text1", Qt::Key_Down); }, [&] { press("Text1", Qt::Key_Up); },
+         [] {
+             EXPECT_EQ(2, Editor1["HScroll1"].Value);
+             EXPECT_TRUE(The<QLineEdit>("Text4").toolTip().contains("0 to 32767"));
+         }});
     EXPECT_EQ(77, game.StageData[0].Counter);
     EXPECT_EQ(9, game.StageData[0].Power);
-    Use(MainForm.Menu203, {[&] { The<QLineEdit>("Text1").setFocus(), press(Qt::Key_PageDown); },
-                           [&] { Type("Text4", "5"), press(Qt::Key_Return); },
-                           [] {
-                               EXPECT_EQ(1, The<QScrollBar>("VScroll1").value());
-                               EXPECT_EQ(1, The<QScrollBar>("HScroll1").value());
-                           }});
+    Use(MainForm.Menu203,
+        {[&] { press("Text1", Qt::Key_PageDown); }, [] { Type("Text4", "5"); }, [&] { press("Text4", Qt::Key_Return); },
+         [] {
+             EXPECT_EQ(1, EnemyMoveEdit["VScroll1"].Value);
+             EXPECT_EQ(1, EnemyMoveEdit["HScroll1"].Value);
+         }});
     EXPECT_EQ(5, game.EneMove[1][0].Flag);
 }
 

@@ -3,6 +3,7 @@
 
 #include <QtGui/QScreen>
 #include <QtWidgets/QMessageBox>
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <thread>
@@ -61,9 +62,10 @@ void CloseAndGoBack(QWidget& window) {
     if (QWidget* below = window.parentWidget()) below->activateWindow();
 }
 
+// Keys may have been let go after it.
 bool ClosingIsAsked() {
-    const auto& events = TheHost().events;
-    return !events.empty() && events.back().kind == InputEvent::Kind::closeWindow;
+    return std::ranges::any_of(TheHost().events,
+                               [](const InputEvent& event) { return event.kind == InputEvent::Kind::closeWindow; });
 }
 
 // Stands still while a menu is open. The bar never keeps the keyboard afterwards: nothing would show where it is.
