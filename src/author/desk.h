@@ -107,7 +107,7 @@ class Desk {
     void LetGo();
 
     // The chosen kind's pictures: the frames of its animation as its pattern shows them, one per frame of the game.
-    std::vector<Byte> Animation();
+    std::vector<Byte> Animation() const;
     // A click on the sheet: the kind takes the frame that lies there.
     void ChooseFrame(int x, int y);
 

@@ -56,7 +56,7 @@ std::string ReadInto(const Field& field, const std::string& text) {
 std::string TextIn(const Field& field) {
     return std::visit(
         [&](auto* value) {
-            const std::string name = field.names ? NameOf(*field.names, static_cast<int>(*value)) : "";
+            std::string name = field.names ? NameOf(*field.names, static_cast<int>(*value)) : "";
             if (!name.empty()) return name;
             if constexpr (std::is_same_v<decltype(value), Single*>) return TextOf(*value);
             return TextOf(static_cast<int>(*value));

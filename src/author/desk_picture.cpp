@@ -176,7 +176,7 @@ void Desk::LetGo() {
     Changed();
 }
 
-std::vector<Byte> Desk::Animation() {
+std::vector<Byte> Desk::Animation() const {
     constexpr int kShown = 600;
     std::vector<Byte> frames;
     for (const PathPoint& point : PathOf(kind_, 0, 0, kShown).points) frames.push_back(point.Anime);

@@ -42,10 +42,11 @@ void Painter::Ground() {
     auto& shapes = drawing_.shapes;
     shapes.push_back(DrawnBox{drawing_.corner, drawing_.width, drawing_.height, {kOutside}});
     shapes.push_back(DrawnBox{{0, 0}, kFieldWidth, kFieldHeight, {kInside}});
-    for (float x = kGrid; x < kFieldWidth; x += kGrid)
-        shapes.push_back(DrawnLine{{{x, 0}, {x, kFieldHeight}}, {kGridLine, 0.3F}});
-    for (float y = kGrid; y < kFieldHeight; y += kGrid)
-        shapes.push_back(DrawnLine{{{0, y}, {kFieldWidth, y}}, {kGridLine, 0.3F}});
+    for (int i = 1; kGrid * static_cast<float>(i) < kFieldHeight; ++i) {
+        const float at = kGrid * static_cast<float>(i);
+        if (at < kFieldWidth) shapes.push_back(DrawnLine{{{at, 0}, {at, kFieldHeight}}, {kGridLine, 0.3F}});
+        shapes.push_back(DrawnLine{{{0, at}, {kFieldWidth, at}}, {kGridLine, 0.3F}});
+    }
     shapes.push_back(DrawnBox{{0, 0}, kFieldWidth, kFieldHeight, {}, {kEdgeLine, 1}});
     std::get<DrawnBox>(shapes.back()).fill.strength = 0;
 }

@@ -51,11 +51,13 @@ std::vector<DrawnPoint> Paced(const std::vector<DrawnPoint>& line, float pace) {
     float rest = pace;
     for (std::size_t i = 1; i < line.size(); ++i) {
         DrawnPoint at = line[i - 1];
-        for (float left = Distance(at, line[i]); left >= rest; left = Distance(at, line[i])) {
+        float left = Distance(at, line[i]);
+        while (left >= rest) {
             const float part = rest / left;
             at = {at.x + part * (line[i].x - at.x), at.y + part * (line[i].y - at.y)};
             points.push_back(at);
             rest = pace;
+            left = Distance(at, line[i]);
         }
         rest -= Distance(at, line[i]);
     }

@@ -61,8 +61,8 @@ class TimeLine {
   private:
     int LastFrame() const { return *std::ranges::max_element(times_.frames); }
     static DrawnPoint At(int frame, float y) {
-        return {kLeft + static_cast<float>(frame % kRowFrames) * kPerFrame,
-                static_cast<float>(frame / kRowFrames) * kRow + y};
+        const int row = frame / kRowFrames, inRow = frame % kRowFrames;
+        return {kLeft + static_cast<float>(inRow) * kPerFrame, static_cast<float>(row) * kRow + y};
     }
     void Ground(int rows);
     void Command(int entry);

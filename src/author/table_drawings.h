@@ -11,7 +11,7 @@
 Drawing DrawPattern(const Tables& tables, int pattern);
 
 // The frames that its pattern shows, where shots hit it, how large it explodes, its numbers.
-Drawing DrawKind(const Tables& tables, int kind);
+Drawing DrawKind(const Tables& tables, int number);
 
 // The time line of an appearance table, in rows of half a minute: above the field's width from its left edge
 // downwards, with every enemy where it comes; below how long each is in sight and when it fires. Bosses count as

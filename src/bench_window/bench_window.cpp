@@ -263,10 +263,10 @@ void BenchWindow::AddKeys(desktop::Host& host) {
     add("", "F10", [this] { StandStill(); });
     add("", ".", [this] { host_.frameHold.Step(); });
     for (const auto& [key, caption] : {std::pair{"F7", "Back"}, {"F8", "Forward"}})
-        add("", key, [=, this] { PressNamed(caption); });
+        add("", key, [this, name = caption] { PressNamed(name); });
     for (const auto& [key, caption] : {std::pair{"Ctrl+Z", "Back"}, {"Ctrl+Shift+Z", "Forward"}}) {
         connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, this,
-                [=, this] { PressNamed(caption); });
+                [this, name = caption] { PressNamed(name); });
     }
 }
 

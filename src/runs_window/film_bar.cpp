@@ -3,6 +3,7 @@
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace runs_window {
@@ -73,7 +74,7 @@ void FilmBar::paintEvent(QPaintEvent*) {
 
 QString TimeOf(int frames) {
     constexpr double kSecondsPerFrame = 0.039;
-    const int seconds = static_cast<int>(frames * kSecondsPerFrame + 0.5);
+    const int seconds = static_cast<int>(std::lround(frames * kSecondsPerFrame));
     return QString("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar('0'));
 }
 

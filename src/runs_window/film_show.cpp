@@ -116,7 +116,7 @@ void FilmShow::SetSpeed(double speed) {
     SetPlaying(true);
 }
 
-void FilmShow::Stand() {
+void FilmShow::Stand() const {
     const desktop::ClockStop clockStop;
     host_.window->View().Show();
     desktop::StandStill();

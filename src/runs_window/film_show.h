@@ -30,7 +30,7 @@ class FilmShow final : public QObject, private desktop::PictureLayer {
     void Paint(QPainter& painter) override;
     bool TakeKey(const QKeyEvent& event);
     bool Closing() const;
-    void Stand();
+    void Stand() const;
     void SetPlaying(bool playing);
     void SetSpeed(double speed);
     void Seek(int frame) { jump_ = frame; }

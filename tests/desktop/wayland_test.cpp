@@ -172,6 +172,10 @@ TEST_F(WaylandTest, KeysComeAndGoAndAreLetGoWithTheFocus) {
         return condition();
     };
     ASSERT_TRUE(until([&] { return View().hasFocus() && View().isActiveWindow(); }));
+    ASSERT_TRUE(until([&] {  // the keyboard has arrived once it is heard
+        Carry("wtype -k x");
+        return !Pump().empty();
+    }));
     QProcess fingers;
     fingers.startCommand("wtype -P Left -P x -s 60000");
     EXPECT_TRUE(until([&] { return down(VK_LEFT) && down('X'); }));

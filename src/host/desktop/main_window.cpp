@@ -197,7 +197,7 @@ void MainWindow::contextMenuEvent(QContextMenuEvent* event) {
     menu->addSeparator();
     menu->addAction("Pause\tP", this, [this] { pause_.Ask(); })->setEnabled(Pause::InGame());
     addSwitch("Calm: softer flashes", showing_.calm, &MainWindow::SetCalm);
-    menu->addSeparator();
+    if (!TheHost().extras.empty()) menu->addSeparator();
     for (const Extra& extra : TheHost().extras) {
         if (!extra.caption.isEmpty()) menu->addAction(extra.caption, this, extra.chosen)->setShortcut(extra.key);
     }
