@@ -56,7 +56,7 @@ std::string ReadNames(const std::string& folder, TableNames& names) {
     names = NumberedNames();
     if (folder.empty()) return {};
     const auto built = std::make_unique<BuiltTables>();
-    const std::string fault = BuildTables(folder, *built);
+    std::string fault = BuildTables(folder, *built);
     std::ranges::copy(built->patternNames, names.patterns.begin());
     std::ranges::copy(built->kindNames, names.kinds.begin());
     return fault;
@@ -134,7 +134,7 @@ int Check(const std::string& folder) {
 // One line each: the name of the source, the frame, the name of the passage.
 int PrintPassages(const std::string& folder) {
     const auto built = std::make_unique<BuiltTables>();
-    const std::string fault = BuildTables(folder, *built);
+    std::string fault = BuildTables(folder, *built);
     if (!fault.empty()) return Fail(fault);
     for (const Passage& passage :
          std::span(built->passages.list).first(static_cast<std::size_t>(built->passages.count))) {

@@ -1,6 +1,7 @@
 #include "verify_runs.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
@@ -184,7 +185,7 @@ std::string LevelTitle(int level) {
 
 std::string TimeOf(int frames) {
     constexpr double kSecondsPerFrame = 0.039;
-    const int seconds = static_cast<int>(frames * kSecondsPerFrame + 0.5);
+    const int seconds = static_cast<int>(std::lround(frames * kSecondsPerFrame));
     const int rest = seconds % 60;
     return std::to_string(seconds / 60) + (rest < 10 ? ":0" : ":") + std::to_string(rest);
 }
