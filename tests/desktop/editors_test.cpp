@@ -153,7 +153,9 @@ TEST_F(EditorOnScreenTest, EnterStoresAndGoesOnArrowsStepTheBars) {
 
 // Tab comes to every control in the order of the design.
 TEST_F(EditorOnScreenTest, TabGoesThroughEveryWindowInItsOrder) {
-    for (auto [item, form] : {std::pair{&MainForm.Menu201, &Editor1}, {&MainForm.Menu202, &EnemyDataEdit}}) {
+    for (auto [item, form] : {std::pair{&MainForm.Menu201, &Editor1},
+                              {&MainForm.Menu202, &EnemyDataEdit},
+                              {&MainForm.Menu203, &EnemyMoveEdit}}) {
         std::map<int, std::string> wanted;
         std::vector<std::string> met;
         Use(*item, {[&, form = form] {
