@@ -156,6 +156,7 @@ TEST_F(MenuTest, ShowsWhatTheModelSays) {
 
 TEST_F(MenuTest, AClickIsReportedAndChangesNothingByItself) {
     auto events = Choose("Menu001", "Menu002");
+    std::ranges::copy(Pump(), std::back_inserter(events));  // newer Qt tells of it after the menu has closed
     std::erase_if(events, [](const InputEvent& event) { return event.kind == Kind::allKeysUp; });  // before or after
     ASSERT_EQ(1u, events.size());
     EXPECT_EQ(Kind::menu, events.back().kind);
