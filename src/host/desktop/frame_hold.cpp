@@ -14,20 +14,22 @@ void FrameHold::Step() {
     standing_ = step_ = true;
 }
 
-bool FrameHold::IsAsked(const InputEvent& event) {
-    const bool leaves = event.kind == InputEvent::Kind::keyDown && event.code == VK_ESCAPE;
-    return leaves || event.kind == InputEvent::Kind::menu || event.kind == InputEvent::Kind::closeWindow;
+bool FrameHold::Leaves(const InputEvent& event) {
+    return event.kind == InputEvent::Kind::keyDown && event.code == VK_ESCAPE;
 }
 
 bool FrameHold::Wanted() const {
-    return standing_ && !step_ && !std::ranges::any_of(events_, IsAsked) && Pause::InGame();
+    const bool asked = std::ranges::any_of(events_, [](const InputEvent& event) {
+        return Leaves(event) || event.kind == InputEvent::Kind::menu || event.kind == InputEvent::Kind::closeWindow;
+    });
+    return standing_ && !step_ && !asked && Pause::InGame();
 }
 
 void FrameHold::Hold() {
     if (Wanted()) {
         const ClockStop clockStop;
         while (Wanted()) StandStill();
-        if (std::ranges::any_of(events_, IsAsked)) standing_ = false;
+        if (std::ranges::any_of(events_, Leaves)) standing_ = false;
     }
     step_ = false;
 }

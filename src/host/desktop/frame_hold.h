@@ -18,12 +18,12 @@ class FrameHold {
     void Step();
 
     // Called at every yield, after the window's events. Returns at once unless a game is to stand still; else when it
-    // goes on, a frame is asked for, or the player has pressed Esc, chosen a menu item or closed the window: these end
+    // goes on, a frame is asked for, or the player has chosen a menu item, closed the window or pressed Esc, which ends
     // the standing.
     void Hold();
 
   private:
-    static bool IsAsked(const InputEvent& event);
+    static bool Leaves(const InputEvent& event);
     bool Wanted() const;
 
     const std::vector<InputEvent>& events_;
