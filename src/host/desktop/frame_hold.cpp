@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "host/desktop/clock_stop.h"
+#include "host/desktop/desktop.h"
 #include "host/desktop/pause.h"
 #include "host/desktop/waiting.h"
 #include "toolkit/input_state.h"
@@ -28,7 +29,10 @@ bool FrameHold::Wanted() const {
 void FrameHold::Hold() {
     if (Wanted()) {
         const ClockStop clockStop;
-        while (Wanted()) StandStill();
+        while (Wanted()) {
+            TheHost().window->View().LetGoOfLostKeys();
+            StandStill();
+        }
         if (std::ranges::any_of(events_, Leaves)) standing_ = false;
     }
     step_ = false;
