@@ -41,7 +41,9 @@ BenchWindow::BenchWindow(desktop::Host& host) : QWidget(nullptr, Qt::Window), ho
     connect(&pulse_, &QTimer::timeout, this, [this] { Pulse(); });
     const auto files = std::make_unique<Bench>();
     const bool unsaved = files->Open().empty() && !ReadJournal(files->Working()).changes.empty();
-    if (unsaved) QTimer::singleShot(0, this, [this] { Come(); });
+    reminder_.setSingleShot(true);
+    connect(&reminder_, &QTimer::timeout, this, [this] { Come(); });
+    if (unsaved) reminder_.start();
 }
 
 // False when the tables cannot be read.

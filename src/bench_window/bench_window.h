@@ -70,6 +70,7 @@ class BenchWindow final : public QWidget {
     bool awake_ = false;
     int played_ = -1;  // the table of the last game
     QTimer pulse_;
+    QTimer reminder_;  // of what was not saved the last time, once the loop runs
     int pulses_ = 0;
     int shown_ = -1;  // the changes of the tables that are shown
     bool refreshing_ = false;
