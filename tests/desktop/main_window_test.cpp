@@ -3,7 +3,6 @@
 #include <QtGui/QScreen>
 #include <QtWidgets/QMenu>
 #include <algorithm>
-#include <iterator>
 
 #include "desktop_test.h"
 #include "platform/events.h"
@@ -109,18 +108,13 @@ class MenuTest : public DesktopTest {
     std::vector<InputEvent> Choose(const char* popup, const char* item) {
         QMenu* menu = Item(popup).menu();
         Later(30, [menu, this, item] {
-            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(&Item(item)).center());
+            const QPoint place = menu->actionGeometry(&Item(item)).center();
+            QTest::mouseMove(menu->windowHandle(), place);
+            QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, {}, place);
         });
+        QTest::mouseMove(View().window()->windowHandle(), QPoint(200, 200));  // a pointer is somewhere before it points
         menu->popup(QPoint(0, 0));
-        std::vector<InputEvent> events = Pump();
-        for (int more = 0; more < 20 && !HasClick(events); ++more)
-            std::ranges::move(Pump(), std::back_inserter(events));
-        return events;
-    }
-    // Newer Qt tells of the click only after it has let the keys go.
-    static bool HasClick(const std::vector<InputEvent>& events) {
-        return std::ranges::any_of(events,
-                                   [](const InputEvent& event) { return event.kind == InputEvent::Kind::menu; });
+        return Pump();
     }
 };
 
@@ -156,7 +150,6 @@ TEST_F(MenuTest, ShowsWhatTheModelSays) {
 
 TEST_F(MenuTest, AClickIsReportedAndChangesNothingByItself) {
     auto events = Choose("Menu001", "Menu002");
-    std::ranges::copy(Pump(), std::back_inserter(events));  // newer Qt tells of it after the menu has closed
     std::erase_if(events, [](const InputEvent& event) { return event.kind == Kind::allKeysUp; });  // before or after
     ASSERT_EQ(1u, events.size());
     EXPECT_EQ(Kind::menu, events.back().kind);
