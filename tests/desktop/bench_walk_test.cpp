@@ -46,6 +46,7 @@ class BenchWalk : public testing::Test {
     BenchWalk() {
         SetProgramFolder(folder_.path.string());
         EXPECT_EQ("", WriteTables(folder_.path.string(), *FirstTables()));
+        EXPECT_TRUE(client_.WaitForWindowManager());
     }
     ~BenchWalk() override { SetProgramFolder("."); }
 
@@ -59,7 +60,13 @@ class BenchWalk : public testing::Test {
         std::thread user;
         try {
             StartProgram();
-            user = std::thread(author);
+            user = std::thread([&] {
+                try {
+                    author();
+                } catch (const GivenUp&) {
+                    Close();
+                }
+            });
             TitleScreen();
         } catch (const EndProgram&) {
         }
@@ -78,14 +85,15 @@ class BenchWalk : public testing::Test {
             qApp, [&] { answer = what(); }, Qt::BlockingQueuedConnection);
         return answer;
     }
-    bool Until(const std::function<bool()>& condition) {
+    struct GivenUp {};
+    void Until(const std::function<bool()>& condition) {
         constexpr int kTries = 1500;
         for (int i = 0; i < kTries; ++i) {
-            if (InProgram(condition)) return true;
+            if (InProgram(condition)) return;
             std::this_thread::sleep_for(std::chrono::milliseconds(5));
         }
         ADD_FAILURE() << "in vain after " << actions;
-        return false;
+        throw GivenUp();
     }
 
     // What the author does; each is one action.
@@ -112,9 +120,9 @@ class BenchWalk : public testing::Test {
     void DragInField(const std::vector<DrawnPoint>& way) {
         std::vector<std::pair<int, int>> places;
         for (const DrawnPoint& point : way) {
-            const QPoint at = InProgram([&] {
+            const QPoint at = OnScreen([&] {
                 const auto* view = &bench_->Field();
-                return view->mapToGlobal(view->PlaceOf(point).toPoint());
+                return view->mapTo(bench_, view->PlaceOf(point).toPoint());
             });
             places.emplace_back(at.x(), at.y());
         }
@@ -122,17 +130,24 @@ class BenchWalk : public testing::Test {
         client_.Drag(places);
     }
 
+    // Where a point of a widget stands on the screen by now; the window manager may have moved the bench.
+    QPoint OnScreen(const std::function<QPoint()>& inBench) {
+        const auto id = InProgram([this] { return static_cast<unsigned long>(bench_->winId()); });
+        const auto [x, y] = client_.PlaceOf(id);
+        return QPoint(x, y) + InProgram(inBench);
+    }
     template <class Widget>
     QPoint PlaceOf(const char* name) {
-        return InProgram([=, this] {
+        return OnScreen([=, this] {
             auto* widget = bench_->findChild<Widget*>(name);
-            return widget->mapToGlobal(widget->rect().center());
+            return widget->mapTo(bench_, widget->rect().center());
         });
     }
     QPoint RowAt(int row) {
-        return InProgram([=, this] {
+        return OnScreen([=, this] {
             auto* list = bench_->findChild<QTableView*>();
-            return list->viewport()->mapToGlobal(list->visualRect(list->model()->index(row, 3)).center());
+            const QPoint inList = list->visualRect(list->model()->index(row, 3)).center();
+            return list->viewport()->mapTo(bench_, inList);
         });
     }
     void BenchIsInFront() {
@@ -149,6 +164,10 @@ class BenchWalk : public testing::Test {
         InProgram([=, this] { return bench_->grab().save(QString("%1/%2.png").arg(folder, name)); });
     }
     void Leave() { left_ = true; }
+    void Close() {
+        QMetaObject::invokeMethod(qApp, [] { desktop::TheHost().window->close(); });
+        Leave();
+    }
 
     int actions = 0;
     bench_window::BenchWindow* bench_ = nullptr;
@@ -226,8 +245,7 @@ TEST_F(BenchWalk, AWaveInTwentyFiveActions) {
         for (int i = 3; i <= 7; ++i) EXPECT_EQ(1, Now().Stages[0][i].No);
         EXPECT_TRUE(TheDesk().Offer().text.empty());
         Picture("bench-again");
-        QMetaObject::invokeMethod(qApp, [] { desktop::TheHost().window->close(); });
-        Leave();
+        Close();
     });
     EXPECT_LE(actions, 25);
     RecordProperty("actions", actions);

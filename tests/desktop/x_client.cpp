@@ -6,6 +6,7 @@
 #include <X11/extensions/XTest.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <thread>
 
 // A window that is just going away cannot take the keyboard; that is no reason to end the tests.
@@ -90,6 +91,15 @@ bool XClient::HasWindowManager() {
                        &left, &data);
     if (data) XFree(data);
     return type == XA_WINDOW;
+}
+
+bool XClient::WaitForWindowManager() {
+    constexpr int kTries = 400;
+    const bool managed = std::getenv("TARNVEIL_TEST_WINDOW_MANAGER") != nullptr;
+    for (int i = 0; i < kTries && HasWindowManager() != managed; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    return HasWindowManager() == managed;
 }
 
 void XClient::Activate(unsigned long window) {

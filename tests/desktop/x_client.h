@@ -29,6 +29,9 @@ class XClient {
     std::pair<int, int> PlaceOf(unsigned long window);
     void Minimise(unsigned long window);
     bool HasWindowManager();
+    // Waits for the window manager if on_screen.sh starts one: those that start among windows take the keyboard from
+    // one to the next for a while. False if it does not come.
+    bool WaitForWindowManager();
 
   private:
     void Activate(unsigned long window);
