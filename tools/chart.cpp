@@ -1,4 +1,5 @@
 #include "chart.h"
+#include "recording/frame_time.h"
 
 #include <cstdio>
 #include <fstream>
@@ -6,8 +7,6 @@
 #include <vector>
 
 namespace {
-
-constexpr double kSecondsPerFrame = 0.039;
 
 struct Passage {
     double seconds;

@@ -15,6 +15,7 @@
 #include "recording/recording.h"
 #include "shell/game_loop.h"
 #include "shell/window_design.h"
+#include "state/field_size.h"
 #include "state/main_form.h"
 #include "state/state.h"
 #include "toolkit/folder.h"
@@ -143,7 +144,7 @@ void Replay(const std::string& path) {
     }
     headless::Reset();
     game = GameState{}, MainForm = MainFormType{};
-    game.ScreenW = 320, game.ScreenH = 480;
+    game.ScreenW = kFieldWidth, game.ScreenH = kFieldHeight;
     LoadMainForm();
     StartReplay(recording);
     headless::TheHost().onYield = LookAtShots;

@@ -12,6 +12,10 @@ namespace {
 
 constexpr std::size_t kNo = 2;  // the field of an entry that says its kind
 
+bool IsKind(double no) {
+    return no >= 0 && no < kEnemyKinds;
+}
+
 using Lines = std::set<std::pair<std::string, int>>;  // file and number
 
 std::string NumberText(double value) {
@@ -197,7 +201,7 @@ std::string Finder::Spawn(const Row& row, const std::string& later) const {
 
 // A call that spawns this one enemy, with everything about it.
 void Finder::AddSpawn() {
-    if (!IsEntry() || !shop_.IsPair(spot_) || shop_.WantedRow(spot_).values[kNo] >= kEnemyKinds) return;
+    if (!IsEntry() || !shop_.IsPair(spot_) || !IsKind(shop_.WantedRow(spot_).values[kNo])) return;
     const int line = OriginAt(spot_.difference.built).inner;
     const std::size_t start = source_.find("spawn(", LineStart(source_, line)), end = source_.find(')', start);
     if (end >= LineStart(source_, line + 1)) return;
@@ -224,7 +228,7 @@ std::vector<std::string> Finder::NewRecords() const {
     }
     if (!IsEntry()) return {"step { " + list + " }"};
     std::vector<std::string> records = {"entry { " + list + " }"};
-    if (row.values[kNo] < 0 || row.values[kNo] >= kEnemyKinds) return records;
+    if (!IsKind(row.values[kNo])) return records;
     const std::string later = NumberText(row.values[3]);
     records.push_back("wait(" + later + ") " + Spawn(row, "0"));
     records.push_back(Spawn(row, later));

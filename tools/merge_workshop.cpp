@@ -17,7 +17,7 @@ unsigned WrongFields(const Difference& difference, const Sheet& built, const She
     const Row &is = built.rows[static_cast<std::size_t>(difference.built)],
               &shall = wanted.rows[static_cast<std::size_t>(difference.wanted)];
     unsigned fields = 0;
-    for (std::size_t i = 0; i < is.fields; ++i) fields |= unsigned{is.values[i] != shall.values[i]} << i;
+    for (std::size_t i = 0; i < is.fields; ++i) fields |= unsigned{!SameValue(is.values[i], shall.values[i])} << i;
     return fields;
 }
 

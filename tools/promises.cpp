@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "sim_names.h"
+
 namespace {
 
 constexpr int kOnEasy = 1, kOnNomal = 2, kOnHard = 5;
@@ -41,13 +43,8 @@ constexpr Range kEverywhere[] = {
     {{}, 0, "", &Answer::bossSeconds, "boss fight in seconds", 28, 60},
 };
 
-std::string NameOf(SimPlay play) {
-    return play.wholeGame ? "whole game" : std::string(FindPlay(play.number)->name);
-}
-
 std::string Line(SimPlay play, int level, const std::string& what) {
-    const char* levels = level == kOnEasy ? "Easy" : level == kOnNomal ? "Nomal" : "Hard";
-    return NameOf(play) + ", " + levels + ": " + what;
+    return NameIn(kPlayNames, play) + std::string(", ") + NameIn(kLevelNames, level) + ": " + what;
 }
 
 const Answer* Find(const std::vector<Answer>& answers, SimPlay play, int level, const std::string& pilot,
@@ -59,14 +56,13 @@ const Answer* Find(const std::vector<Answer>& answers, SimPlay play, int level, 
     return found == answers.end() ? nullptr : &*found;
 }
 
-void CheckRange(const Answer* answer, const Range& range, std::vector<std::string>& broken) {
-    if (!answer) return;
-    const double figure = answer->*range.figure;
+void CheckRange(const Answer& answer, const Range& range, std::vector<std::string>& broken) {
+    const double figure = answer.*range.figure;
     if (figure >= range.least && figure <= range.most) return;
     char text[200];
-    std::snprintf(text, sizeof text, "%s pilot, %s: %.3g is not within %.3g..%.3g", answer->question.pilot.c_str(),
+    std::snprintf(text, sizeof text, "%s pilot, %s: %.3g is not within %.3g..%.3g", answer.question.pilot.c_str(),
                   range.name, figure, range.least, range.most);
-    broken.push_back(Line(answer->question.play, answer->question.level, text));
+    broken.push_back(Line(answer.question.play, answer.question.level, text));
 }
 
 // The spread is worth having, and who uses both does best.
@@ -76,7 +72,7 @@ void CheckWeapons(const std::vector<Answer>& answers, SimPlay play, int level, s
     const Answer* forward = Find(answers, play, level, "dodge", Weapon::forward);
     const Answer* spread = Find(answers, play, level, "dodge", Weapon::spread);
     const Answer* both = Find(answers, play, level, "dodge", Weapon::switching);
-    if (!forward || !spread || !both) return;
+    if (!forward || !spread || !both) return broken.push_back(Line(play, level, "a weapon was not asked"));
     const double best = std::max(forward->cleared, spread->cleared);
     if (both->cleared < best - kLuck) broken.push_back(Line(play, level, "one weapon alone does better than both"));
     if (spread->cleared < forward->cleared / 2 - kSpreadLuck) {
@@ -115,15 +111,23 @@ std::vector<std::string> BrokenPromises(const std::vector<Answer>& answers) {
     std::vector<std::string> broken;
     for (const Range& range : kRanges) {
         const Weapon weapon = range.pilot == std::string("sweep") ? Weapon::forward : Weapon::switching;
-        CheckRange(Find(answers, range.play, range.level, range.pilot, weapon), range, broken);
+        const Answer* answer = Find(answers, range.play, range.level, range.pilot, weapon);
+        if (answer) CheckRange(*answer, range, broken);
+        if (!answer) broken.push_back(Line(range.play, range.level, std::string(range.pilot) + " was not asked"));
     }
     for (const SimPlay play : kStages) {
         for (const int level : {kOnEasy, kOnNomal, kOnHard}) {
             CheckWeapons(answers, play, level, broken);
             const Answer* both = Find(answers, play, level, "dodge", Weapon::switching);
-            for (const Range& range : kEverywhere) CheckRange(both, range, broken);
+            if (!both) continue;  // CheckWeapons has told
+            for (const Range& range : kEverywhere) CheckRange(*both, range, broken);
         }
     }
     CheckColumns(answers, broken);
+    for (const Answer& a : answers) {
+        if (a.failed == 0) continue;
+        broken.push_back(
+            Line(a.question.play, a.question.level, std::to_string(a.failed) + " games ended by an error"));
+    }
     return broken;
 }

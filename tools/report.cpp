@@ -6,11 +6,10 @@
 #include <span>
 
 #include "many_games.h"
+#include "recording/frame_time.h"
 #include "sim_names.h"
 
 namespace {
-
-constexpr double kSecondsPerFrame = 0.039;
 
 bool StandsStill(const Question& question) {
     return question.pilot.starts_with("column");

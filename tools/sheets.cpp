@@ -75,11 +75,13 @@ class Costs {
 
 }  // namespace
 
+bool SameValue(double a, double b) {
+    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
+}
+
 int Row::Differences(const Row& other) const {
     int count = 0;
-    for (std::size_t i = 0; i < fields; ++i) {
-        count += std::bit_cast<std::uint64_t>(values[i]) != std::bit_cast<std::uint64_t>(other.values[i]);
-    }
+    for (std::size_t i = 0; i < fields; ++i) count += !SameValue(values[i], other.values[i]);
     return count;
 }
 
@@ -145,7 +147,7 @@ std::string Describe(const Difference& difference, const Sheet& built, const She
               &after = wanted.rows[static_cast<std::size_t>(difference.wanted)];
     std::string text = numbered(difference.wanted) + ":";
     for (std::size_t i = 0; i < before.fields; ++i) {
-        if (before.values[i] == after.values[i]) continue;
+        if (SameValue(before.values[i], after.values[i])) continue;
         if (text.back() != ':') text += ',';
         text += " " + std::string(built.fieldNames[i]) + " " + TextOf(static_cast<Single>(before.values[i])) + " → " +
                 TextOf(static_cast<Single>(after.values[i]));

@@ -15,8 +15,11 @@ struct Row {
     std::array<double, 7> values{};
     std::size_t fields = 0;
 
-    int Differences(const Row& other) const;  // fields; what is no number equals itself
+    int Differences(const Row& other) const;  // fields
 };
+
+// Bit for bit, as files hold them: what is no number equals itself, 0 and -0 differ.
+bool SameValue(double a, double b);
 
 // A sequence of records that one source makes.
 struct Sheet {

@@ -14,6 +14,7 @@
 #include "host/desktop/waiting.h"
 #include "host/window.h"
 #include "shell/window_design.h"
+#include "state/field_size.h"
 #include "state/main_form.h"
 #include "state/state.h"
 
@@ -53,7 +54,7 @@ void Report(int times, bool paced) {
     desktop::PictureView& view = desktop::TheHost().window->View();
     view.SetTimes(times);
     for (int i = 0; i < 20; ++i) desktop::WaitForWindowEvents(5);
-    const QSize size = QSize(320, 480) * times;
+    const QSize size = QSize(kFieldWidth, kFieldHeight) * times;
     const auto pixels = static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height());
     std::vector<std::uint32_t> from(pixels, 1), to(pixels, 2);
     std::vector<Times> shows, copies;
@@ -76,7 +77,7 @@ void Report(int times, bool paced) {
 
 int main(int argc, char** argv) {
     desktop::Host host(argc, argv);
-    game.ScreenW = 320, game.ScreenH = 480;
+    game.ScreenW = kFieldWidth, game.ScreenH = kFieldHeight;
     LoadMainForm();
     ShowMainForm();
     std::printf("%s\n", qPrintable(QGuiApplication::platformName()));

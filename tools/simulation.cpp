@@ -15,6 +15,7 @@
 #include "shell/game_loop.h"
 #include "shell/main_routine.h"
 #include "stage/stage_script.h"
+#include "state/field_size.h"
 #include "state/main_form.h"
 #include "state/options.h"
 #include "state/random.h"
@@ -45,7 +46,8 @@ Run run;
 EventTap recorderTap = nullptr;
 
 bool InSight(Single x, Single y, int width, int height) {
-    return x + static_cast<Single>(width) > 0 && x < 320 && y + static_cast<Single>(height) > 0 && y < 480;
+    return x + static_cast<Single>(width) > 0 && x < kFieldWidth && y + static_cast<Single>(height) > 0 &&
+           y < kFieldHeight;
 }
 
 bool EnemyInSight(const EnemyType& enemy) {

@@ -1,4 +1,5 @@
 #include "summary.h"
+#include "recording/frame_time.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -6,7 +7,6 @@
 
 namespace {
 
-constexpr double kSecondsPerFrame = 0.039;
 constexpr std::size_t kFewGames = 12;
 
 double PerMinute(long long hits, long long frames) {

@@ -130,7 +130,8 @@ class Running {
         frames_ += result.frames, seconds_ += result.seconds;
         if (result.error[0]) {
             progress_.Clear();
-            failed_ = !Complain("seed " + std::to_string(result.seed) + ": " + result.error);
+            Complain("seed " + std::to_string(result.seed) + ": " + result.error);
+            failed_ = true;
         }
         if (!result.done) return;  // not kept, so that it is tried again
         const std::string line = GameLine(lines_.sweep, result);
@@ -142,6 +143,7 @@ class Running {
     }
 
     void Count(const std::string& line, const GameResult& result) {
+        failed_ = failed_ || result.error[0];  // also in a game that an earlier run has kept
         summary_.Add(result);
         if (plan_.json) std::puts(line.c_str());
         progress_.Step();

@@ -17,6 +17,7 @@
 #include "host/files.h"
 #include "lua_tables.h"
 #include "merge_tables.h"
+#include "state/field_size.h"
 #include "svg.h"
 
 namespace {
@@ -101,8 +102,8 @@ struct Subject {
 void PutIntoGame(const Tables& tables) {
     std::ranges::copy(tables.EnemyData, game.EnemyData);
     for (int p = 0; p < kMovePatterns; ++p) std::ranges::copy(tables.EneMove[p], game.EneMove[p]);
-    game.ScreenW = 320;
-    game.ScreenH = 480;
+    game.ScreenW = kFieldWidth;
+    game.ScreenH = kFieldHeight;
 }
 
 int PrintPicture(const std::string& folder, const Subject& subject) {

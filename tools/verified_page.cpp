@@ -1,4 +1,5 @@
 // The verified rankings as an HTML page: one file, no scripts.
+#include "recording/frame_time.h"
 #include "recording/link.h"
 #include "verify_runs.h"
 

@@ -1,7 +1,6 @@
 #include "verify_runs.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
@@ -11,6 +10,7 @@
 #include <tuple>
 
 #include "host/files.h"
+#include "recording/frame_time.h"
 #include "recording/link.h"
 #include "recording/run.h"
 #include "side_by_side.h"
@@ -181,13 +181,6 @@ std::string LevelTitle(int level) {
         if (row.level == level) return (MainFormType().*row.item).Caption;
     }
     return "?";
-}
-
-std::string TimeOf(int frames) {
-    constexpr double kSecondsPerFrame = 0.039;
-    const int seconds = static_cast<int>(std::lround(frames * kSecondsPerFrame));
-    const int rest = seconds % 60;
-    return std::to_string(seconds / 60) + (rest < 10 ? ":0" : ":") + std::to_string(rest);
 }
 
 int VerifyRuns(const VerifyPlan& plan) {

@@ -49,8 +49,5 @@ std::vector<Ranking> Rank(const std::vector<Verified>& runs);
 std::string PlayTitle(int play);
 std::string LevelTitle(int level);
 
-// "7:15", of the game at its own pace.
-std::string TimeOf(int frames);
-
 // The rankings as a page of its own. Links lead to `address`.
 std::string RankingPage(const std::vector<Ranking>& rankings, const std::string& address);

@@ -7,8 +7,8 @@
 #include <memory>
 #include <vector>
 
-#include "author/field_size.h"
 #include "stage/stage_script.h"
+#include "state/field_size.h"
 #include "toolkit/rounding.h"
 
 namespace {

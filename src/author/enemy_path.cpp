@@ -3,10 +3,10 @@
 #include <memory>
 #include <utility>
 
-#include "author/field_size.h"
 #include "combat/enemy_move.h"
 #include "combat/fire_patterns.h"
 #include "stage/stage_script.h"
+#include "state/field_size.h"
 #include "state/main_form.h"
 
 namespace {

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "author/field_size.h"
 #include "stage/stage_script.h"
+#include "state/field_size.h"
 #include "toolkit/numbers.h"
 
 namespace {

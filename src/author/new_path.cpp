@@ -4,8 +4,8 @@
 #include <cmath>
 #include <iterator>
 
-#include "author/field_size.h"
 #include "combat/enemy_move.h"
+#include "state/field_size.h"
 
 namespace {
 

@@ -8,6 +8,7 @@
 #include "author/names.h"
 #include "author/pattern_run.h"
 #include "combat/enemy_hits.h"
+#include "state/field_size.h"
 #include "toolkit/numbers.h"
 
 namespace {
@@ -15,7 +16,6 @@ namespace {
 constexpr Color kGround = RGB(16, 19, 31), kRoom = RGB(5, 7, 16), kGrid = RGB(70, 84, 128), kPale = RGB(150, 165, 205),
                 kBright = RGB(225, 240, 255), kOrange = RGB(255, 170, 64), kYellow = RGB(255, 240, 120);
 constexpr int kLongestWay = 800;  // frames; bosses stay for ever
-constexpr float kFieldWidth = 320;
 
 bool IsEnemy(const StageDataType& entry) {
     return entry.No >= 0 && entry.No < kEnemyKinds;

@@ -3,7 +3,6 @@
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace runs_window {
@@ -70,12 +69,6 @@ void FilmBar::paintEvent(QPaintEvent*) {
     painter.setPen(Qt::white);
     painter.drawText(QRect(kMargin, kTextTop, width() - 2 * kMargin, fontMetrics().height()), Qt::AlignLeft,
                      fontMetrics().elidedText(words_, Qt::ElideRight, width() - 2 * kMargin));
-}
-
-QString TimeOf(int frames) {
-    constexpr double kSecondsPerFrame = 0.039;
-    const int seconds = static_cast<int>(std::lround(frames * kSecondsPerFrame));
-    return QString("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar('0'));
 }
 
 }  // namespace runs_window

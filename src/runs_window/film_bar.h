@@ -32,7 +32,4 @@ class FilmBar final : public QWidget {
     QString words_;
 };
 
-// "7:15", of the game at its own pace.
-QString TimeOf(int frames);
-
 }  // namespace runs_window

@@ -11,6 +11,7 @@
 #include "host/desktop/waiting.h"
 #include "platform/music.h"
 #include "platform/unseen.h"
+#include "recording/frame_time.h"
 #include "state/state.h"
 
 namespace runs_window {
@@ -209,14 +210,15 @@ QString FilmShow::WordsOfTries() const {
     return QString("  Try %1: +%2, %3, %4 hits (best +%5)")
         .arg(tries_.size())
         .arg(last.score)
-        .arg(TimeOf(last.frames))
+        .arg(QString::fromStdString(TimeOf(last.frames)))
         .arg(last.hits)
         .arg(best->score);
 }
 
 QString FilmShow::Words() const {
     if (mine_) return QString("You play. F4: again from the moment, Esc: end") + WordsOfTries();
-    QString words = TimeOf(film_.Frame()) + " / " + TimeOf(film_.Frames());
+    QString words =
+        QString::fromStdString(TimeOf(film_.Frame())) + " / " + QString::fromStdString(TimeOf(film_.Frames()));
     if (speed_ != 1) words += QString("  %1x").arg(speed_);
     if (!playing_) words += "  still";
     words += QString("  %1").arg(game.Score) + WordsOfTries();

@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "host/files.h"
+#include "recording/frame_time.h"
 #include "recording/link.h"
 #include "runs_window/film_bar.h"
 #include "stage/plays.h"
@@ -69,7 +70,7 @@ QString RemarkOn(const KeptRun& kept) {
     if (!kept.problem.empty()) return "damaged: " + QString::fromStdString(kept.problem);
     QStringList remarks;
     if (kept.run.kept) remarks << "kept";
-    if (game.parent) remarks << "taken over at " + TimeOf(game.parent->frame);
+    if (game.parent) remarks << "taken over at " + QString::fromStdString(TimeOf(game.parent->frame));
     if (game.options[&MainFormType::Menu003]) remarks << "invincible";
     return remarks.join(", ");
 }
@@ -169,7 +170,7 @@ void RunsWindow::Fill(int row, const KeptRun& kept) {
     put(score, new NumberItem(whole ? QString::number(game.endScore) : "", game.endScore));
     put(end, new QTableWidgetItem(whole ? OutcomeName(game.result.how) : ""));
     put(weapon, new NumberItem(whole ? WeaponOf(game) : "", game.result.spread));
-    put(length, new NumberItem(whole ? TimeOf(game.endFrames) : "", game.endFrames));
+    put(length, new NumberItem(whole ? QString::fromStdString(TimeOf(game.endFrames)) : "", game.endFrames));
 }
 
 const KeptRun* RunsWindow::Chosen() const {

@@ -4,12 +4,13 @@
 #include "platform/joystick_input.h"
 #include "shell/title_screen.h"
 #include "shell/window_design.h"
+#include "state/field_size.h"
 #include "state/main_form.h"
 #include "state/state.h"
 
 void StartProgram() {
-    game.ScreenW = 320;
-    game.ScreenH = 480;
+    game.ScreenW = kFieldWidth;
+    game.ScreenH = kFieldHeight;
     LoadMainForm();
     ShowMainForm();
     InitJoystick();

@@ -14,7 +14,10 @@
 #include "shell/window_design.h"
 #include "stage/data_files.h"
 #include "stage/load_stage.h"
+#include "stage/plays.h"
+#include "state/field_size.h"
 #include "state/main_form.h"
+#include "state/options.h"
 #include "state/random.h"
 #include "toolkit/folder.h"
 #include "toolkit/input_state.h"
@@ -86,7 +89,7 @@ struct Start {
 Start MakeStart() {
     headless::Reset();
     SetProgramFolder(TARNVEIL_DATA_FOLDER);
-    game.ScreenW = 320, game.ScreenH = 480;
+    game.ScreenW = kFieldWidth, game.ScreenH = kFieldHeight;
     LoadMainForm();
     LoadStage();
     MainForm.Crt.imageWidth = 24, MainForm.Crt.imageHeight = 16;
@@ -120,8 +123,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::span<const std::uint8_t> in(data, size);
     std::array<std::uint8_t, kOptionBytes> options{};
     std::ranges::copy(Take(in, kOptionBytes), options.begin());
-    game.Level = std::array<Integer, 3>{1, 2, 5}[options[0] % 3];
-    game.DigestMode = std::array<Byte, 4>{0, 2, 3, 4}[options[1] % 4];
+    game.Level = kDifficulties[options[0] % std::size(kDifficulties)].level;
+    game.DigestMode = kPlays[options[1] % std::size(kPlays)].number;
     game.StageNo = static_cast<Integer>(options[2] % 4);
     game.MyPower = static_cast<Single>(options[3] % 11);
     game.MyDead = options[3] % 11 == 0 ? True : False;

@@ -23,6 +23,7 @@ def games():
 
 
 def recordings():
+    yield from files("*.tarnveil-run", "tests/runs/released")
     for path in (ROOT / "tests" / "runs").glob("*.txt"):
         lines = path.read_text().split("\n")
         head = [line for line in lines if not line.startswith(("event", "frame"))]

@@ -1,12 +1,15 @@
 #include "hostile_folder.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <system_error>
 
 std::string hostile::MakeFolder() {
     std::string pattern = (std::filesystem::temp_directory_path() / "tarnveil-hostile-XXXXXX").string();
-    return mkdtemp(pattern.data()) ? pattern : ".";
+    if (!mkdtemp(pattern.data())) throw std::system_error(errno, std::generic_category(), pattern);
+    return pattern;
 }
 
 void hostile::RemoveFolder(const std::string& folder) {

@@ -1,4 +1,4 @@
-// The playfield, in pixels. The author's models know it before the game has set itself up.
+// The playfield, in pixels: what StartProgram sets ScreenW and ScreenH to.
 #pragma once
 
 inline constexpr int kFieldWidth = 320;
